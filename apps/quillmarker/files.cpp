@@ -1,0 +1,138 @@
+#include "files.h"
+
+#include "standard_streams.h"
+#include "utf.h"
+
+#include <quillmarker/rtf.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace quillmarker::tool
+{
+namespace
+{
+
+namespace fs = std::filesystem;
+
+struct KindName
+{
+    std::string_view extension;
+    FileKind kind;
+};
+
+constexpr KindName kKinds[] = {
+    {".rtf", FileKind::Rtf},
+    {".txt", FileKind::Text},
+};
+
+struct SystemError
+{
+    int code;
+    FileError error;
+};
+
+constexpr SystemError kSystemErrors[] = {
+    {ENOENT, FileError::FileNotFound},      {EACCES, FileError::PermissionDenied}, {EPERM, FileError::PermissionDenied},
+    {ENAMETOOLONG, FileError::BadFileName}, {ENOTDIR, FileError::PathNotFound},    {EIO, FileError::DeviceError},
+    {ENOMEM, FileError::OutOfMemory},
+};
+
+FileError ErrorOf(int code)
+{
+    const auto* const found = std::ranges::find(kSystemErrors, code, &SystemError::code);
+    return found == std::end(kSystemErrors) ? FileError::PathFileAccess : found->error;
+}
+
+Failure FailureOf(const std::string& name, FileError error, const char* stream = "standard input")
+{
+    return {Shown(name, stream) + ": " + Describe(error)};
+}
+
+std::string LowerCase(std::string text)
+{
+    std::ranges::transform(text, text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
+    return text;
+}
+
+std::string BytesOf(const Document& document, FileKind kind)
+{
+    return kind == FileKind::Rtf ? WriteRtf(document) : ToUtf8(document.Text());
+}
+
+}  // namespace
+
+std::string Shown(const std::string& name, const char* stream) { return name == kStandardStream ? stream : name; }
+
+Result<std::unique_ptr<std::istream>> OpenInput(const std::string& name)
+{
+    if (name == kStandardStream)
+        return std::make_unique<std::istream>(std::cin.rdbuf());
+    std::error_code ignored;
+    if (fs::is_directory(name, ignored))
+        return FailureOf(name, FileError::PathFileAccess);
+    errno = 0;
+    auto file = std::make_unique<std::ifstream>(name, std::ios::binary);
+    if (!*file)
+        return FailureOf(name, ErrorOf(errno));
+    return std::unique_ptr<std::istream>(std::move(file));
+}
+
+Result<std::string> ReadInput(const std::string& name)
+{
+    auto opened = OpenInput(name);
+    if (!opened)
+        return Failure{opened.Message()};
+    std::istream& input = **opened;
+    std::string bytes;
+    std::array<char, 1 << 16> part;
+    while (input.read(part.data(), part.size()) || input.gcount() > 0)
+        bytes.append(part.data(), static_cast<std::size_t>(input.gcount()));
+    if (input.bad())
+        return FailureOf(name, FileError::DeviceError);
+    return bytes;
+}
+
+Result<Document> ReadDocument(const std::string& name)
+{
+    if (name != kStandardStream)
+    {
+        TextBox box;
+        const FileError error = box.LoadFile(name);
+        return error == FileError::None ? Result<Document>(box.Value()) : FailureOf(name, error);
+    }
+    const auto bytes = ReadInput(name);
+    return bytes ? Result<Document>(ReadRtf(*bytes)) : Failure{bytes.Message()};
+}
+
+Result<bool> WriteDocument(const Document& document, const std::string& name, FileKind kind)
+{
+    if (name == kStandardStream)
+    {
+        Print(BytesOf(document, kind));
+        return true;
+    }
+    TextBox box;
+    box.OpenValue(document);
+    const FileError error = box.SaveFile(name, kind);
+    return error == FileError::None ? Result<bool>(true) : FailureOf(name, error);
+}
+
+Result<FileKind> OutputKind(const std::string& name, const std::string& format)
+{
+    if (format.empty() && name == kStandardStream)
+        return FileKind::Rtf;
+    const std::string extension = format.empty() ? LowerCase(fs::path(name).extension().string()) : "." + format;
+    const auto* const found = std::ranges::find(kKinds, extension, &KindName::extension);
+    if (found == std::end(kKinds))
+        return Failure{"the output \"" + name +
+                       "\" should end in .rtf or .txt; otherwise say --format rtf or --format txt"};
+    return found->kind;
+}
+
+}  // namespace quillmarker::tool

@@ -1,0 +1,45 @@
+#include "command.h"
+#include "files.h"
+#include "plain_text.h"
+#include "standard_streams.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace quillmarker::tool
+{
+namespace
+{
+
+struct Options
+{
+    std::string input;
+    bool visible = false;
+};
+
+int PrintText(const Options& options)
+{
+    const auto document = ReadDocument(options.input);
+    if (!document)
+    {
+        Complain(document.Message());
+        return kFailed;
+    }
+    Print(PlainText(*document, options.visible ? HiddenText::LeftOut : HiddenText::Kept));
+    return kDone;
+}
+
+}  // namespace
+
+Action AddTextCommand(CLI::App& command)
+{
+    const auto options = std::make_shared<Options>();
+    command.add_option("IN", options->input, "the RTF file; - is standard input")->required();
+    command.add_flag("--visible", options->visible, "leave hidden text out");
+    command.footer("\nThe text is UTF-8. Lines end with LF, cells of a table with TAB, pages with FF.\n\n"
+                   "Example:\n  quillmarker text report.rtf | less");
+    return [options] { return PrintText(*options); };
+}
+
+}  // namespace quillmarker::tool

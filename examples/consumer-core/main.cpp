@@ -1,0 +1,3 @@
+#include <quillmarker/rtf.h>
+
+int main() { return 0; }

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "quillmarker/file_error.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace quillmarker
+{
+
+struct FileContents
+{
+    FileError error = FileError::None;
+    std::string bytes;  // empty when there was an error
+};
+
+/// All bytes of anything that can be read to its end, a pipe included.
+FileContents ReadFile(const std::filesystem::path& path);
+
+/// Makes `bytes` the contents of `path`. A regular file is replaced as a whole: a new file is written beside it,
+/// brought to disk and renamed over it, so a failure at any point leaves the old contents whole and nothing else
+/// behind. The file keeps its permissions, and a symbolic link keeps pointing at it; a read-only file is refused. A
+/// pipe or a device is written in place.
+FileError WriteFile(const std::filesystem::path& path, std::string_view bytes);
+
+}  // namespace quillmarker

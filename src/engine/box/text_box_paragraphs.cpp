@@ -1,0 +1,274 @@
+#include "engine/box/box_state.h"
+
+#include <quillmarker/text_box.h>
+
+#include <algorithm>
+
+namespace quillmarker
+{
+namespace
+{
+
+constexpr std::int32_t kMaxTwips = 4'000'000;
+
+Twips Within(std::int32_t twips)
+{
+    return {std::clamp(twips, -kMaxTwips, kMaxTwips)};
+}
+
+Twips HangingOf(const ParagraphFormat& format)
+{
+    return -format.firstIndent;
+}
+
+Twips IndentOf(const ParagraphFormat& format)
+{
+    return format.leftIndent + format.firstIndent;
+}
+
+/// The first line `indent` from the edge, the others `hanging` further.
+void SetIndents(ParagraphFormat& format, Twips indent, Twips hanging)
+{
+    format.leftIndent = Within((indent + hanging).value);
+    format.firstIndent = -hanging;
+}
+
+bool IsBulleted(const ParagraphFormat& format)
+{
+    return format.numbering && format.numbering->kind == NumberKind::Bullet;
+}
+
+const std::vector<TabStop>& TabsOf(const ParagraphFormat& format)
+{
+    static const std::vector<TabStop> none;
+    return format.tabs ? *format.tabs : none;
+}
+
+std::vector<TabStop> Sorted(std::vector<TabStop> tabs)
+{
+    std::ranges::stable_sort(tabs, {}, &TabStop::position);
+    const auto same = std::ranges::unique(tabs, {}, &TabStop::position);
+    tabs.erase(same.begin(), same.end());
+    return tabs;
+}
+
+/// What `project` makes of the selection's paragraphs; empty when it differs among them.
+template <class Project>
+auto ParagraphValue(const Document& document, TextRange range, Project project)
+{
+    CommonValue<std::decay_t<decltype(project(ParagraphFormat()))>> value;
+    VisitParagraphFormats(document, range, [&](const ParagraphFormat& format) { value.Add(project(format)); });
+    return value.Result();
+}
+
+}  // namespace
+
+std::optional<int> TextBox::SelAlignment() const
+{
+    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return static_cast<int>(f.alignment); });
+}
+
+void TextBox::SetSelAlignment(int alignment)
+{
+    if (alignment < kAlignLeft || alignment > kAlignJustify)
+        return;
+    m->ChangeParagraphs([&](ParagraphFormat format) {
+        format.alignment = static_cast<Alignment>(alignment);
+        return format;
+    });
+}
+
+std::optional<bool> TextBox::SelBullet() const
+{
+    return ParagraphValue(m->document, m->Range(), IsBulleted);
+}
+
+void TextBox::SetSelBullet(int on)
+{
+    // Mixed hanging indents stay as each paragraph has them.
+    const bool setsIndent = SelHangingIndent().has_value();
+    const Twips hanging = on != 0 ? Within(m->bulletIndent) : Twips();
+    Numbering bullet;
+    bullet.indent = Within(m->bulletIndent);
+    bullet.text = u"\u2022";
+    const Shared<Numbering> numbering = on != 0 ? Shared(bullet) : Shared<Numbering>();
+    m->ChangeParagraphs([&](ParagraphFormat format) {
+        if (IsBulleted(format) == (on != 0))
+            return format;
+        format.numbering = numbering;
+        if (setsIndent)
+            SetIndents(format, IndentOf(format), hanging);
+        return format;
+    });
+}
+
+std::optional<std::int32_t> TextBox::SelIndent() const
+{
+    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return IndentOf(f).value; });
+}
+
+void TextBox::SetSelIndent(std::int32_t twips)
+{
+    m->ChangeParagraphs([&](ParagraphFormat format) {
+        SetIndents(format, Within(twips), HangingOf(format));
+        return format;
+    });
+}
+
+std::optional<std::int32_t> TextBox::SelHangingIndent() const
+{
+    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return HangingOf(f).value; });
+}
+
+void TextBox::SetSelHangingIndent(std::int32_t twips)
+{
+    m->ChangeParagraphs([&](ParagraphFormat format) {
+        SetIndents(format, IndentOf(format), Within(twips));
+        return format;
+    });
+}
+
+std::optional<std::int32_t> TextBox::SelRightIndent() const
+{
+    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return f.rightIndent.value; });
+}
+
+void TextBox::SetSelRightIndent(std::int32_t twips)
+{
+    m->ChangeParagraphs([&](ParagraphFormat format) {
+        format.rightIndent = Within(twips);
+        return format;
+    });
+}
+
+std::optional<int> TextBox::SelTabCount() const
+{
+    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return static_cast<int>(TabsOf(f).size()); });
+}
+
+std::optional<std::int32_t> TextBox::SelTabs(int index) const
+{
+    const auto tabs = ParagraphValue(m->document, m->Range(), TabsOf);
+    if (!tabs || index < 0 || static_cast<std::size_t>(index) >= tabs->size())
+        return std::nullopt;
+    return (*tabs)[static_cast<std::size_t>(index)].position.value;
+}
+
+std::vector<TabStop> TextBox::State::DraftedTabs() const
+{
+    const bool goesOn = tabDraft && tabDraft->selection == selection && tabDraft->document.IsSameAs(document);
+    if (goesOn)
+        return tabDraft->tabs;
+    return ParagraphValue(document, Range(), TabsOf).value_or(std::vector<TabStop>());
+}
+
+void TextBox::State::DraftTabs(std::vector<TabStop> tabs)
+{
+    const std::vector<TabStop> sorted = Sorted(tabs);
+    const auto value = sorted.empty() ? Shared<std::vector<TabStop>>() : Shared(sorted);
+    ChangeParagraphs([&](ParagraphFormat format) {
+        format.tabs = value;
+        return format;
+    });
+    tabDraft = TabDraft{document, selection, std::move(tabs)};
+}
+
+void TextBox::SetSelTabCount(int count)
+{
+    if (count < 0)
+        return;
+    std::vector<TabStop> tabs = m->DraftedTabs();
+    const auto wanted = std::min(static_cast<std::size_t>(count), kMaxTabStops);
+    tabs.resize(std::min(tabs.size(), wanted));
+    while (tabs.size() < wanted)  // stops that the host places next
+        tabs.push_back({tabs.empty() ? kDefaultTab : Within((Sorted(tabs).back().position + kDefaultTab).value)});
+    m->DraftTabs(std::move(tabs));
+}
+
+void TextBox::SetSelTabs(int index, std::int32_t twips)
+{
+    std::vector<TabStop> tabs = m->DraftedTabs();
+    if (index < 0 || static_cast<std::size_t>(index) >= tabs.size())
+        return;
+    tabs[static_cast<std::size_t>(index)].position = Within(twips);
+    m->DraftTabs(std::move(tabs));
+}
+
+PartialParagraphFormat TextBox::SelParagraphFormat() const
+{
+    return ParagraphFormatOver(m->document, m->Range());
+}
+
+void TextBox::SetSelParagraphFormat(const PartialParagraphFormat& format)
+{
+    m->ChangeParagraphs([&](ParagraphFormat here) { return Patched(std::move(here), format); });
+}
+
+std::int32_t TextBox::RightMargin() const
+{
+    return m->rightMargin;
+}
+
+void TextBox::SetRightMargin(std::int32_t twips)
+{
+    if (twips >= 0)
+        m->rightMargin = Within(twips).value;
+}
+
+std::int32_t TextBox::BulletIndent() const
+{
+    return m->bulletIndent;
+}
+
+void TextBox::SetBulletIndent(std::int32_t twips)
+{
+    if (twips >= 0)
+        m->bulletIndent = Within(twips).value;
+}
+
+Colour TextBox::BackColor() const
+{
+    return m->backColour;
+}
+
+void TextBox::SetBackColor(Colour colour)
+{
+    m->backColour = colour;
+}
+
+const BoxFont& TextBox::Font() const
+{
+    return m->font;
+}
+
+void TextBox::SetFont(const BoxFont& font)
+{
+    if (!(font.size > 0) || font.name.empty())
+        return;
+    m->font = font;
+    const bool isUntouched = TextLength() == 0 && !CanUndo() && !CanRedo();
+    if (isUntouched)
+        m->document = Document(m->FormatOfFont());
+}
+
+std::int32_t TextBox::MaxLength() const
+{
+    return m->maxLength;
+}
+
+void TextBox::SetMaxLength(std::int32_t units)
+{
+    m->maxLength = std::max(units, 0);
+}
+
+bool TextBox::Locked() const
+{
+    return m->locked;
+}
+
+void TextBox::SetLocked(bool locked)
+{
+    m->locked = locked;
+}
+
+}  // namespace quillmarker

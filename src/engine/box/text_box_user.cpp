@@ -1,0 +1,184 @@
+#include "engine/box/box_state.h"
+#include "engine/document/tree.h"
+
+#include <quillmarker/text_box.h>
+
+#include <algorithm>
+#include <string>
+
+namespace quillmarker
+{
+namespace
+{
+
+bool IsLowSurrogate(char16_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+bool IsHighSurrogate(char16_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool HasProtected(const Document& document, TextRange range)
+{
+    const auto protectedText = CharFormatOver(document, range).protectedText;
+    return !protectedText || *protectedText;
+}
+
+/// The character before or behind a position: a line end and a pair of surrogates are one.
+TextRange CharacterBefore(const Document& document, Position at)
+{
+    const std::u16string text = document.Text({at - 2, at});
+    const bool isPair = text.size() == 2 && (text == u"\r\n" || (IsHighSurrogate(text[0]) && IsLowSurrogate(text[1])));
+    return {at - std::min(isPair ? 2 : 1, at.value), at};
+}
+
+TextRange CharacterBehind(const Document& document, Position at)
+{
+    const std::u16string text = document.Text({at, at + 2});
+    const bool isPair = text.size() == 2 && (text == u"\r\n" || (IsHighSurrogate(text[0]) && IsLowSurrogate(text[1])));
+    return {at, at + std::min<std::int32_t>(isPair ? 2 : 1, static_cast<std::int32_t>(text.size()))};
+}
+
+/// Whether `range` is the end of a cell or of a row, which a key does not delete.
+bool IsTableMark(const Document& document, TextRange range)
+{
+    const Location at = document.Locate(range.begin);
+    const Paragraph& paragraph = document.ParagraphAt(at.paragraph);
+    return at.offset >= static_cast<std::int32_t>(paragraph.Text().size()) && paragraph.Ending().kind != Mark::Break;
+}
+
+}  // namespace
+
+bool TextBox::State::MayEdit(TextRange range) const
+{
+    if (locked)
+        return false;
+    if (!range.IsEmpty())
+        return !HasProtected(document, range);
+    // Between two protected characters, not at their edge: what stands beside protected text may be written.
+    const Location at = document.Locate(range.begin);
+    if (at.offset == 0)
+        return true;
+    const Paragraph& paragraph = document.ParagraphAt(at.paragraph);
+    const auto offset = static_cast<std::uint32_t>(at.offset);
+    return !document.FormatOf(paragraph.FormatAt(offset - 1)).protectedText ||
+           !document.FormatOf(paragraph.FormatAt(offset)).protectedText;
+}
+
+/// As much of a text as MaxLength leaves room for; a line end and a pair of surrogates are not cut.
+std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text) const
+{
+    if (maxLength <= 0)
+        return text;
+    const std::int32_t room = std::max(maxLength - (document.Size() - selection.length), 0);
+    std::size_t fits = text.size();
+    while (fits > 0 && LengthInDocument(text.substr(0, fits)) > room)
+        fits = std::min(fits - 1, static_cast<std::size_t>(room));
+    const bool cutsLineEnd = fits > 0 && fits < text.size() && text[fits - 1] == u'\r' && text[fits] == u'\n';
+    const bool cutsPair = fits > 0 && fits < text.size() && IsHighSurrogate(text[fits - 1]) && IsLowSurrogate(text[fits]);
+    return text.substr(0, cutsLineEnd || cutsPair ? fits - 1 : fits);
+}
+
+bool TextBox::State::DeleteAsUser(TextRange range)
+{
+    if (range.IsEmpty() || !MayEdit(range))
+        return false;
+    const Location begin = document.Locate(range.begin);
+    const CharFormat format =
+        document.FormatOf(document.ParagraphAt(begin.paragraph).FormatAt(static_cast<std::uint32_t>(begin.offset)));
+    Edit(WithText(document, range, u"", {}), {range.begin.value, 0}, StepKind::Typing);
+    insertion = format;
+    return true;
+}
+
+bool TextBox::Type(std::u16string_view text)
+{
+    if (!m->MayEdit(m->Range()))
+        return false;
+    const std::u16string_view fitting = m->WithinMaxLength(text);
+    if (fitting.empty() && m->selection.length == 0)
+        return text.empty();
+    CharFormat format = m->FormatToInsert();
+    if (format.protectedText)  // what is written beside protected text is the user's own
+    {
+        format.protectedText = false;
+        m->insertion = format;
+    }
+    m->PutText(fitting, StepKind::Typing);
+    return fitting.size() == text.size();
+}
+
+bool TextBox::TypeBackspace()
+{
+    if (m->selection.length > 0)
+        return m->DeleteAsUser(m->Range());
+    const TextRange before = CharacterBefore(m->document, {m->selection.start});
+    return !IsTableMark(m->document, before) && m->DeleteAsUser(before);
+}
+
+bool TextBox::TypeDelete()
+{
+    if (m->selection.length > 0)
+        return m->DeleteAsUser(m->Range());
+    const TextRange behind = CharacterBehind(m->document, {m->selection.start});
+    return !IsTableMark(m->document, behind) && m->DeleteAsUser(behind);
+}
+
+bool TextBox::PasteText(std::u16string_view text)
+{
+    if (!m->MayEdit(m->Range()))
+        return false;
+    const std::u16string_view fitting = m->WithinMaxLength(text);
+    if (!fitting.empty() || m->selection.length > 0)
+        m->PutText(fitting, StepKind::Separate);
+    return fitting.size() == text.size();
+}
+
+bool TextBox::PasteRTF(std::u16string_view rtf)
+{
+    if (!m->MayEdit(m->Range()))
+        return false;
+    const Document fragment = ReadRtf(rtf, m->ReadingHere());
+    const std::int32_t room = m->maxLength <= 0 ? fragment.Size() : m->maxLength - (TextLength() - m->selection.length);
+    if (fragment.Size() <= room)
+    {
+        m->PutFragment(fragment, StepKind::Separate);
+        return true;
+    }
+    m->PutFragment(Slice(fragment, {{0}, {std::max(room, 0)}}), StepKind::Separate);
+    return false;
+}
+
+void TextBox::Span(std::u16string_view characters, SpanDirection direction, CharacterSet set)
+{
+    const auto isIn = [&](char16_t unit) { return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed); };
+    const std::u16string text = Text();
+    std::int32_t begin = m->selection.start;
+    std::int32_t end = begin + m->selection.length;
+    if (direction == SpanDirection::Forward)
+        for (; end < TextLength() && isIn(text[static_cast<std::size_t>(end)]); ++end) {}
+    else
+        for (; begin > 0 && isIn(text[static_cast<std::size_t>(begin) - 1]); --begin) {}
+    const TextRange range = Snapped(m->document, {{begin}, {end}});
+    m->Select({range.begin.value, range.Length()});
+}
+
+void TextBox::UpTo(std::u16string_view characters, SpanDirection direction, CharacterSet set)
+{
+    const auto isIn = [&](char16_t unit) { return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed); };
+    const std::u16string text = Text();
+    const bool forward = direction == SpanDirection::Forward;
+    std::int32_t at = forward ? m->selection.start + m->selection.length : m->selection.start;
+    const auto unitAt = [&] { return text[static_cast<std::size_t>(forward ? at : at - 1)]; };
+    while (forward ? at < TextLength() : at > 0)
+    {
+        if (isIn(unitAt()))
+            return SetSelStart(at);
+        at += forward ? 1 : -1;
+    }
+}
+
+}  // namespace quillmarker

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <quillmarker/document.h>
+
+#include <functional>
+
+namespace quillmarker
+{
+
+/// Calls `visit` with each format that the characters of `range` have, marks included, once.
+void VisitCharFormats(const Document&, TextRange range, const std::function<void(const CharFormat&)>& visit);
+
+/// The same for the paragraphs that `range` touches.
+void VisitParagraphFormats(const Document&, TextRange range, const std::function<void(const ParagraphFormat&)>& visit);
+
+/// The format of the characters in `range`, marks included; fields that differ among them are empty. An empty range
+/// has none at all.
+PartialCharFormat CharFormatOver(const Document&, TextRange range);
+
+/// The format of the paragraphs that `range` touches. A range that ends at a paragraph's start does not touch it,
+/// unless it is empty.
+PartialParagraphFormat ParagraphFormatOver(const Document&, TextRange range);
+
+/// The same document, and the very same value, when nothing changes.
+Document WithCharFormat(const Document&, TextRange range, const PartialCharFormat& patch);
+Document WithParagraphFormat(const Document&, TextRange range, const PartialParagraphFormat& patch);
+
+using CharFormatChange = std::function<CharFormat(CharFormat)>;
+using ParagraphFormatChange = std::function<ParagraphFormat(ParagraphFormat)>;
+
+/// As above, where what is put depends on what is there.
+Document WithCharFormats(const Document&, TextRange range, const CharFormatChange& change);
+Document WithParagraphFormats(const Document&, TextRange range, const ParagraphFormatChange& change);
+
+CharFormat Patched(CharFormat, const PartialCharFormat& patch);
+ParagraphFormat Patched(ParagraphFormat, const PartialParagraphFormat& patch);
+
+/// Every field stated.
+PartialCharFormat AllOf(const CharFormat&);
+
+}  // namespace quillmarker

@@ -1,0 +1,88 @@
+#include "engine/document/reinterned.h"
+
+#include "engine/document/tree.h"
+
+namespace quillmarker
+{
+namespace
+{
+
+template <class Id>
+Id Carried(Id id, const FormatTable& from, FormatTable& to, std::vector<std::optional<Id>>& known)
+{
+    const auto number = static_cast<std::size_t>(id);
+    if (number >= known.size())
+        known.resize(number + 1);
+    if (!known[number])
+        known[number] = to.Intern(from[id]);
+    return *known[number];
+}
+
+}  // namespace
+
+CharFormatId FormatTransfer::operator()(CharFormatId id)
+{
+    return IsIdentity() ? id : Carried(id, m_from, m_to, m_chars);
+}
+
+ParagraphFormatId FormatTransfer::operator()(ParagraphFormatId id)
+{
+    return IsIdentity() ? id : Carried(id, m_from, m_to, m_paragraphs);
+}
+
+Body FormatTransfer::operator()(const Body& body)
+{
+    if (body.IsAbsent() || IsIdentity())
+        return body;
+    std::vector<ParagraphRef> paragraphs;
+    body.Content()->tree.Visit(0, [&](const ParagraphRef& paragraph) {
+        paragraphs.push_back((*this)(paragraph));
+        return true;
+    });
+    return Body(std::make_shared<BodyContent>(BodyContent{ParagraphTree(paragraphs)}));
+}
+
+Shared<InlineObject> FormatTransfer::operator()(const Shared<InlineObject>& object)
+{
+    if (!object || IsIdentity() || std::holds_alternative<Picture>(*object))
+        return object;
+    InlineObject carried = *object;
+    if (auto* embedded = std::get_if<EmbeddedObject>(&carried))
+        embedded->result = (*this)(embedded->result);
+    else if (auto* note = std::get_if<Note>(&carried))
+        note->body = (*this)(note->body);
+    return Shared(std::move(carried));
+}
+
+Shared<Section> FormatTransfer::operator()(const Shared<Section>& section)
+{
+    if (!section || IsIdentity())
+        return section;
+    Section carried = *section;
+    for (Body& header : carried.headers)
+        header = (*this)(header);
+    return Shared(std::move(carried));
+}
+
+ParagraphMark FormatTransfer::operator()(ParagraphMark mark)
+{
+    mark.charFormat = (*this)(mark.charFormat);
+    mark.format = (*this)(mark.format);
+    return mark;
+}
+
+ParagraphRef FormatTransfer::operator()(const ParagraphRef& paragraph)
+{
+    if (IsIdentity())
+        return paragraph;
+    std::vector<Run> runs(paragraph->Runs().begin(), paragraph->Runs().end());
+    for (Run& run : runs)
+        run.format = (*this)(run.format);
+    ParagraphExtras extras = paragraph->Extras();
+    for (PlacedObject& placed : extras.objects)
+        placed.object = (*this)(placed.object);
+    extras.section = (*this)(extras.section);
+    return Paragraph::Make(paragraph->Text(), runs, (*this)(paragraph->Ending()), std::move(extras));
+}
+
+}  // namespace quillmarker

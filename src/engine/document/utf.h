@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillmarker
+{
+
+/// `text` as UTF-8. A surrogate without its partner becomes U+FFFD.
+std::string ToUtf8(std::u16string_view text);
+
+/// `bytes` read as UTF-8; a byte order mark is a character like any other. Each longest broken sequence becomes one
+/// U+FFFD.
+std::u16string FromUtf8(std::string_view bytes);
+
+/// The same, put behind `out`.
+void AppendUtf8(std::string_view bytes, std::u16string& out);
+
+/// Whether all of `bytes` is well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
+bool IsUtf8(std::string_view bytes);
+
+}  // namespace quillmarker

@@ -1,0 +1,123 @@
+#include "engine/rtf/keyword_actions.h"
+
+namespace quillmarker
+{
+
+void BeginRow(Reader& reader, const Keyword&, const Parameter&)
+{
+    reader.Table().Reset();
+    reader.BorderTarget() = {};
+}
+
+void AddCell(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    reader.Table().EndCell(Length(parameter.value));
+}
+
+void SetCellShade(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    reader.Table().cell.shading.hundredths = std::clamp(parameter.value, 0, 10'000);
+}
+
+void KeepInCell(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+{
+    AppendWord(reader.Table().cell.kept, keyword.name, parameter);
+}
+
+void KeepInRow(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+{
+    AppendWord(reader.Table().row.kept, keyword.name, parameter);
+}
+
+void ResetSection(Reader& reader, const Keyword&, const Parameter&)
+{
+    Section fresh;
+    fresh.headers = reader.SectionNow().headers;
+    reader.SectionNow() = fresh;
+}
+
+void SectionEnd(Reader& reader, const Keyword&, const Parameter&)
+{
+    reader.EndSection();
+}
+
+void SetLandscape(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    reader.Properties().page.landscape = parameter.Or(1) != 0;
+}
+
+void SetSectionLandscape(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    reader.SectionNow().page.landscape = parameter.Or(1) != 0;
+}
+
+void SetFacingPages(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    reader.Properties().facingPages = parameter.Or(1) != 0;
+}
+
+void SetDefaultTab(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    if (parameter.value > 0)
+        reader.Properties().defaultTab = Length(parameter.value);
+}
+
+void SetColumns(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    reader.SectionNow().columns = std::clamp(parameter.Or(1), 1, 64);
+}
+
+void SetTitlePage(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    reader.SectionNow().titlePage = parameter.Or(1) != 0;
+}
+
+void SetFirstPage(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    reader.SectionNow().firstPage = std::max(parameter.value, 0);
+}
+
+void KeepInSection(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+{
+    AppendWord(reader.SectionNow().kept, keyword.name, parameter);
+}
+
+void KeepInDocument(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+{
+    AppendWord(reader.Properties().kept, keyword.name, parameter);
+}
+
+void InfoEntry(Reader& reader, const Keyword& keyword, const Parameter&)
+{
+    constexpr std::size_t kMaxEntries = 64;
+    if (!reader.IsIn(Destination::Info) || reader.Properties().info.size() >= kMaxEntries)
+        return reader.SkipGroup();
+    reader.SetInfoKey(keyword.name);
+    reader.Enter(Destination::InfoText);
+}
+
+void InfoTime(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+{
+    std::string& kept = reader.Properties().infoKept;
+    const std::size_t length = kept.size();
+    if (!reader.IsIn(Destination::Info) || !reader.Enter(Destination::InfoTime))
+        return;
+    kept += '{';
+    AppendWord(kept, keyword.name, parameter);
+    if (kept.size() == length + 1)  // there was no more room
+        reader.SkipGroup();
+}
+
+void InfoTimePart(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+{
+    if (reader.IsIn(Destination::InfoTime))
+        AppendWord(reader.Properties().infoKept, keyword.name, parameter);
+}
+
+void InfoNumber(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+{
+    if (reader.IsIn(Destination::Info))
+        AppendWord(reader.Properties().infoKept, keyword.name, parameter);
+}
+
+}  // namespace quillmarker

@@ -1,0 +1,104 @@
+#include "engine/rtf/format_words.h"
+
+#include "engine/rtf/text_escape.h"
+
+#include <array>
+
+namespace quillmarker
+{
+namespace
+{
+
+constexpr std::array kUnderlineWords = {"ulnone",   "ul",        "ulw",        "uldb",     "uld",       "uldash",  "uldashd",
+                                        "uldashdd", "ulth",      "ulthd",      "ulthdash", "ulthdashd", "ulthdashdd",
+                                        "ulldash",  "ulthldash", "ulwave",     "ulhwave",  "ululdbwave", "ulhair"};
+constexpr std::array kScriptWords = {"nosupersub", "super", "sub"};
+
+struct FlagWord
+{
+    bool CharFormat::*field;
+    const char* word;
+};
+
+constexpr std::array kFlagWords = {
+    FlagWord{&CharFormat::bold, "b"},           FlagWord{&CharFormat::italic, "i"},
+    FlagWord{&CharFormat::strike, "strike"},    FlagWord{&CharFormat::doubleStrike, "striked"},
+    FlagWord{&CharFormat::caps, "caps"},        FlagWord{&CharFormat::smallCaps, "scaps"},
+    FlagWord{&CharFormat::outline, "outl"},     FlagWord{&CharFormat::shadow, "shad"},
+    FlagWord{&CharFormat::emboss, "embo"},      FlagWord{&CharFormat::engrave, "impr"},
+    FlagWord{&CharFormat::protectedText, "protect"}, FlagWord{&CharFormat::hidden, "v"},
+};
+
+struct ColourWord
+{
+    Colour CharFormat::*field;
+    const char* word;
+};
+
+constexpr std::array kColourWords = {
+    ColourWord{&CharFormat::colour, "cf"},
+    ColourWord{&CharFormat::highlight, "highlight"},
+    ColourWord{&CharFormat::underlineColour, "ulc"},
+};
+
+void AppendFlag(std::string& out, const char* word, bool on)
+{
+    AppendWord(out, word);
+    if (!on)
+        out += '0';
+}
+
+/// \striked knows no short form: its 1 is always written.
+void AppendFlagChange(std::string& out, const FlagWord& flag, bool on)
+{
+    if (flag.field == &CharFormat::doubleStrike)
+        AppendWord(out, flag.word, on ? 1 : 0);
+    else
+        AppendFlag(out, flag.word, on);
+}
+
+}  // namespace
+
+std::string CharWords(const CharFormat& from, const CharFormat& to, const WriterTables& tables)
+{
+    std::string out;
+    if (from.style != to.style)
+        AppendWord(out, "cs", tables.CharacterStyle(to.style));
+    if (from.rightToLeft != to.rightToLeft)
+        AppendWord(out, to.rightToLeft ? "rtlch" : "ltrch");
+    if (from.font != to.font || from.charset != to.charset || from.family != to.family)
+        AppendWord(out, "f", tables.Font(to));
+    if (from.size != to.size || to.offset != Twips())
+        AppendWord(out, "fs", std::max(ToHalfPoints(to.size), 1));
+    for (const ColourWord& colour : kColourWords)
+    {
+        if (from.*colour.field != to.*colour.field)
+            AppendWord(out, colour.word, tables.ColourNumber(to.*colour.field));
+    }
+    if (from.language != to.language)
+        AppendWord(out, "lang", to.language);
+    if (from.spacing != to.spacing)
+        AppendWord(out, "expndtw", to.spacing.value);
+    if (from.widthPercent != to.widthPercent)
+        AppendWord(out, "charscalex", to.widthPercent == 0 ? 100 : to.widthPercent);
+    if (from.kerning != to.kerning)
+        AppendWord(out, "kerning", ToHalfPoints(to.kerning));
+    if (from.underline != to.underline)
+        AppendWord(out, kUnderlineWords[static_cast<std::size_t>(to.underline)]);
+    if (from.script != to.script)
+        AppendWord(out, kScriptWords[static_cast<std::size_t>(to.script)]);
+    if (to.offset != Twips())
+        AppendWord(out, to.offset > Twips() ? "up" : "dn", std::abs(ToHalfPoints(to.offset)));
+    else if (from.offset != to.offset)
+        AppendWord(out, "up", 0);
+    for (const FlagWord& flag : kFlagWords)
+    {
+        if (from.*flag.field != to.*flag.field)
+            AppendFlagChange(out, flag, to.*flag.field);
+    }
+    if (!out.empty())
+        out += ' ';
+    return out;
+}
+
+}  // namespace quillmarker

@@ -1,0 +1,177 @@
+#pragma once
+
+#include "engine/rtf/code_page.h"
+#include "engine/rtf/header_tables.h"
+#include "engine/rtf/object_reading.h"
+#include "engine/rtf/reader_state.h"
+#include "engine/rtf/story.h"
+#include "engine/rtf/table_reading.h"
+#include "engine/rtf/tokenizer.h"
+
+#include <quillmarker/rtf.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quillmarker
+{
+
+/// A field whose group is open.
+struct OpenField
+{
+    Field field;
+    bool isNested = false;  // inside another field's instruction, of which it becomes a part
+};
+
+/// Reads one RTF source into a document. The keyword table drives it: each word is a row that calls the members here.
+class Reader
+{
+public:
+    Reader(std::string_view source, SourceKind kind, const RtfReading& options);
+
+    Document Read();
+
+    // What words change.
+    CharFormat& Chars();
+    ParagraphFormat& ParagraphProperties();
+    ReaderState& ChangeState() { return m_states.Change(); }
+    const ReaderState& State() const { return m_states.Current(); }
+    bool IsIn(Destination destination) const { return State().destination == destination; }
+
+    FontTable& Fonts() { return m_fonts; }
+    ColourTable& Colours() { return m_colours; }
+    StyleSheet& Styles() { return m_styles; }
+    ListTable& Lists() { return m_lists; }
+    TableReading& Table() { return m_table; }
+    BorderReading& BorderTarget() { return m_border; }
+    PictureReading& PictureNow() { return m_picture; }
+    DocumentFormat& Properties() { return m_properties; }
+    Section& SectionNow() { return m_section; }
+    OldNumbering& NumberingNow() { return m_numbering; }
+    TabStop& NextTab() { return m_nextTab; }
+    ObjectReading* ObjectNow() { return m_objects.empty() ? nullptr : &m_objects.back(); }
+    OpenField* FieldNow() { return m_openFields.empty() ? nullptr : &m_openFields.back(); }
+
+    void SelectFont(std::int32_t number);
+    void SetDefaultFont(std::int32_t number) { m_defaultFont = number; }
+    void SetDefaultLanguage(std::int32_t language) { m_defaultLanguage = language; }
+    void SetCodePage(CodePage page) { m_documentPage = page; }
+    void SetListId(std::int32_t id) { m_listId = id; }
+    void SetOverrideNumber(std::int32_t number) { m_overrideNumber = number; }
+    void SetInfoKey(std::string_view key) { m_infoKey = key; }
+    bool IsInMainText() const { return m_stories.size() == 1; }
+    void MakeNoteEndnote();
+    void ResetChars();
+    void ResetParagraph();
+
+    // Groups.
+    bool Enter(Destination destination);  // false: the group was skipped
+    void SkipGroup();
+    void SkipAlternative();
+    void BeginObject();
+    void BeginTextBox();
+    void BeginPicture();
+    void BeginNumbering();
+    void BeginField();
+    void BeginFieldResult();
+    void BeginStory(Destination destination);
+    void BeginHeader(HeaderKind kind);
+    void BeginNote(NoteKind kind);
+    void BeginNestedRow();
+
+    // Text.
+    void PutPageNumber();
+    void PutUnit(char16_t unit);
+    void PutUnicode(std::int32_t value);
+    void EndParagraph(Mark mark, Shared<TableRow> row = {}, Shared<Section> section = {});
+    void EndCell(int depth);
+    void EndRow(int depth);
+    void EndSection();
+    bool IsSkipping() const { return m_skip > 0; }
+    bool IsInStory() const { return IsStory(State().destination); }
+
+private:
+    void HandleWord(const Token& token);
+    void HandleSymbol(char symbol);
+    void HandleText(const Token& token);
+    void HandleByte(unsigned char byte);
+    void CloseGroup();
+    void EndGroup(const ReaderState& left);
+    void EndDestination(const ReaderState& left);
+
+    void EndField();
+    void EndHeader();
+    void EndNote();
+    void EndPicture();
+    void EndObject();
+    void EndNumbering();
+    void PutObject(InlineObject object);
+    Body EndStory();
+
+    bool ConsumeSkipped(Token& token);
+    void PutBytes(std::string_view bytes);
+    void PutAscii(std::string_view text);
+    void PutText(std::u16string_view text);
+    void FlushBytes();
+    std::u16string* NameTarget();
+    void PutName(std::u16string_view text);
+    const Decoder& DecoderNow();
+    const Decoder& DecoderOf(const FontEntry& font) const;
+    bool HasRoomFor(std::size_t units);
+
+    CharFormatId CharsId();
+    ParagraphFormatId ParagraphId();
+    ParagraphMark MarkNow(Mark kind);
+    Shared<Numbering> ListNumbering(std::int32_t list, std::int32_t level);
+    Story& StoryNow() { return *m_stories.back(); }
+
+    static constexpr std::size_t kMaxStories = 32;
+    static constexpr std::size_t kMaxFields = 16;
+
+    Tokenizer m_tokens;
+    SourceKind m_kind;
+    const RtfReading& m_options;
+    std::shared_ptr<FormatTable> m_formats;
+
+    StateStack m_states;
+    std::uint32_t m_groups = 0;
+    bool m_isStarred = false;
+    bool m_isDone = false;
+    std::int64_t m_skip = 0;
+    std::string m_bytes;  // of a multi-byte code page, until their sequence ends
+    std::int64_t m_units = 0;
+
+    FontTable m_fonts;
+    ColourTable m_colours;
+    StyleSheet m_styles;
+    ListTable m_lists;
+    std::int32_t m_defaultFont = 0;
+    std::int32_t m_defaultLanguage = 0;
+    std::int32_t m_listId = 0;
+    std::int32_t m_overrideNumber = 0;
+    CodePage m_documentPage;
+    std::map<std::pair<std::int32_t, std::int32_t>, Shared<Numbering>> m_listNumberings;
+
+    TableReading m_table;
+    std::vector<TableReading> m_outerTables;
+    BorderReading m_border;
+    PictureReading m_picture;
+    std::vector<ObjectReading> m_objects;
+    OldNumbering m_numbering;
+    TabStop m_nextTab;
+    std::vector<OpenField> m_openFields;
+    std::vector<HeaderKind> m_headerKinds;
+    std::vector<Note> m_notes;
+    Note m_nextNote;
+
+    DocumentFormat m_properties;
+    Section m_section;
+    std::string m_infoKey;
+    std::u16string m_infoText;
+    std::vector<std::unique_ptr<Story>> m_stories;
+    Body m_endedStory;
+};
+
+}  // namespace quillmarker

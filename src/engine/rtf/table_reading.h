@@ -1,0 +1,51 @@
+#pragma once
+
+#include <quillmarker/paragraph_format.h>
+#include <quillmarker/shared_value.h>
+#include <quillmarker/table_row.h>
+
+#include <optional>
+#include <string>
+
+namespace quillmarker
+{
+
+/// The row definition in force. A row's properties stand before its cells, behind them or both, and hold until the next
+/// \trowd, also for rows that bring none.
+struct TableReading
+{
+    TableRow row;
+    TableCell cell;
+
+    void Reset() { *this = {}; }
+
+    void EndCell(Twips right)
+    {
+        cell.right = right;
+        if (row.cells.size() < kMaxCells)
+            row.cells.push_back(std::move(cell));
+        cell = {};
+    }
+
+    /// The row as a value; equal rows that follow one another share one.
+    Shared<TableRow> Finished()
+    {
+        if (!latest || !(*latest == row))
+            latest = Shared(row);
+        return latest;
+    }
+
+    Shared<TableRow> latest;
+};
+
+enum class BorderOwner : std::uint8_t { None, Paragraph, Row, Cell };
+
+/// Which border the words for style, width and colour speak of.
+struct BorderReading
+{
+    BorderOwner owner = BorderOwner::None;
+    BorderSide side = BorderSide::Top;
+    bool isBox = false;  // all four outer sides
+};
+
+}  // namespace quillmarker

@@ -1,0 +1,290 @@
+#include "engine/rtf/writer_tables.h"
+
+#include "engine/document/tree.h"
+#include "engine/rtf/header_tables.h"
+#include "engine/rtf/text_escape.h"
+
+#include <array>
+
+namespace quillmarker
+{
+namespace
+{
+
+constexpr std::array kFamilyWords = {"fnil", "froman", "fswiss", "fmodern", "fscript", "fdecor", "ftech", "fbidi"};
+constexpr std::int32_t kFirstCharacterStyle = 1'001;
+
+}  // namespace
+
+WriterTables::WriterTables(const Document& document) : m_document(document)
+{
+    m_seenChars.resize(document.Formats().CharFormatCount());
+    m_seenParagraphs.resize(document.Formats().ParagraphFormatCount());
+    Gather(document.Content());
+    Gather(document.Properties().lastSection);
+    const auto& [name, charset, family] = m_fontList.front();
+    m_plain.font = Name(name);
+    m_plain.charset = charset;
+    m_plain.family = family;
+    m_plain.size = Points(12);
+}
+
+void WriterTables::Gather(const Body& body)
+{
+    if (body.IsAbsent())
+        return;
+    body.Content()->tree.Visit(0, [&](const ParagraphRef& paragraph) {
+        Gather(*paragraph);
+        return true;
+    });
+}
+
+void WriterTables::Gather(const Paragraph& paragraph)
+{
+    const auto gatherOnce = [&](auto id, std::vector<bool>& seen) {
+        const auto number = static_cast<std::size_t>(id);
+        if (seen[number])
+            return;
+        seen[number] = true;
+        Gather(m_document.FormatOf(id));
+    };
+    for (const Run& run : paragraph.Runs())
+        gatherOnce(run.format, m_seenChars);
+    gatherOnce(paragraph.Ending().charFormat, m_seenChars);
+    gatherOnce(paragraph.Ending().format, m_seenParagraphs);
+    if (!paragraph.HasExtras())
+        return;
+    const ParagraphExtras& extras = paragraph.Extras();
+    for (const PlacedObject& placed : extras.objects)
+    {
+        if (const auto* embedded = std::get_if<EmbeddedObject>(&*placed.object))
+            Gather(embedded->result);
+        else if (const auto* note = std::get_if<Note>(&*placed.object))
+            Gather(note->body);
+    }
+    if (extras.row)
+        Gather(*extras.row);
+    if (extras.section)
+        Gather(*extras.section);
+}
+
+void WriterTables::Gather(const CharFormat& format)
+{
+    GatherFont(format.font, format.charset, format.family);
+    Gather(format.colour);
+    Gather(format.highlight);
+    Gather(format.underlineColour);
+    GatherStyle(m_characterStyles, m_characterStyleList, format.style, kFirstCharacterStyle);
+}
+
+void WriterTables::Gather(const ParagraphFormat& format)
+{
+    if (format.numbering)
+        Gather(*format.numbering);
+    if (format.borders)
+        Gather(*format.borders);
+    if (format.shading)
+    {
+        Gather(format.shading->fill);
+        Gather(format.shading->foreground);
+    }
+    GatherStyle(m_paragraphStyles, m_paragraphStyleList, format.style, 1);
+}
+
+void WriterTables::Gather(const Numbering& numbering)
+{
+    if (!numbering.font.IsEmpty())
+        GatherFont(numbering.font, numbering.fontCharset, FontFamily::Nil);
+    if (numbering.list != 0)
+        m_lists[numbering.list].emplace(numbering.level, numbering);
+}
+
+void WriterTables::Gather(const Section& section)
+{
+    for (const Body& header : section.headers)
+        Gather(header);
+}
+
+void WriterTables::Gather(const TableRow& row)
+{
+    Gather(row.borders);
+    for (const TableCell& cell : row.cells)
+    {
+        Gather(cell.borders);
+        Gather(cell.shading.fill);
+        Gather(cell.shading.foreground);
+    }
+}
+
+void WriterTables::Gather(const Borders& borders)
+{
+    for (const Border& border : borders.sides)
+        Gather(border.colour);
+}
+
+void WriterTables::Gather(Colour colour)
+{
+    if (!colour.IsAutomatic() && m_colours.emplace(colour.rgb, m_colourList.size() + 1).second)
+        m_colourList.push_back(colour);
+}
+
+void WriterTables::GatherFont(const Name& name, std::uint8_t charset, FontFamily family)
+{
+    FontKey key{name.Text(), charset, family};
+    if (m_fonts.emplace(key, static_cast<std::int32_t>(m_fontList.size())).second)
+        m_fontList.push_back(std::move(key));
+}
+
+void WriterTables::GatherStyle(StyleNumbers& styles, std::vector<Name>& names, const Name& style, std::int32_t first)
+{
+    if (!style.IsEmpty() && styles.emplace(style.Text(), first + static_cast<std::int32_t>(names.size())).second)
+        names.push_back(style);
+}
+
+std::int32_t WriterTables::Font(const Name& name, std::uint8_t charset, FontFamily family) const
+{
+    return m_fonts.find({name.Text(), charset, family})->second;
+}
+
+std::int32_t WriterTables::ColourNumber(Colour colour) const
+{
+    return colour.IsAutomatic() ? 0 : m_colours.find(colour.rgb)->second;
+}
+
+std::int32_t WriterTables::Number(const StyleNumbers& styles, const Name& style)
+{
+    return style.IsEmpty() ? 0 : styles.find(style.Text())->second;
+}
+
+void WriterTables::WriteHead(std::string& out) const
+{
+    out += "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0";
+    WriteFonts(out);
+    WriteColours(out);
+    WriteStyles(out);
+    WriteLists(out);
+}
+
+void WriterTables::WriteFonts(std::string& out) const
+{
+    out += "{\\fonttbl";
+    for (std::size_t number = 0; number < m_fontList.size(); ++number)
+    {
+        const auto& [name, charset, family] = m_fontList[number];
+        out += '{';
+        AppendWord(out, "f", static_cast<long long>(number));
+        AppendWord(out, kFamilyWords[static_cast<std::size_t>(family)]);
+        AppendWord(out, "fcharset", charset);
+        out += ' ';
+        AppendEscapedName(name, out);
+        out += ";}";
+    }
+    out += "}\r\n";
+}
+
+void WriterTables::WriteColours(std::string& out) const
+{
+    if (m_colourList.empty())
+        return;
+    out += "{\\colortbl ;";
+    for (const Colour colour : m_colourList)
+    {
+        AppendWord(out, "red", colour.Red());
+        AppendWord(out, "green", colour.Green());
+        AppendWord(out, "blue", colour.Blue());
+        out += ';';
+    }
+    out += "}\r\n";
+}
+
+void WriterTables::WriteStyles(std::string& out) const
+{
+    if (m_paragraphStyleList.empty() && m_characterStyleList.empty())
+        return;
+    out += "{\\stylesheet{\\s0 Normal;}";
+    for (const Name& style : m_paragraphStyleList)
+    {
+        out += '{';
+        AppendWord(out, "s", ParagraphStyle(style));
+        out += ' ';
+        AppendEscapedName(style.Text(), out);
+        out += ";}";
+    }
+    for (const Name& style : m_characterStyleList)
+    {
+        out += "{\\*";
+        AppendWord(out, "cs", CharacterStyle(style));
+        out += ' ';
+        AppendEscapedName(style.Text(), out);
+        out += ";}";
+    }
+    out += "}\r\n";
+}
+
+void WriterTables::WriteLevel(const Numbering& level, std::string& out) const
+{
+    out += "{\\listlevel";
+    AppendWord(out, "levelnfc", LevelFormatOf(level.kind));
+    AppendWord(out, "leveljc", level.align);
+    AppendWord(out, "levelfollow", level.follow);
+    AppendWord(out, "levelstartat", level.start);
+    if (level.indent != Twips())
+        AppendWord(out, "levelindent", level.indent.value);
+    std::u16string text = level.text.substr(0, 255);
+    text.insert(text.begin(), static_cast<char16_t>(text.size()));
+    std::u16string places;
+    out += "{\\leveltext ";
+    for (std::size_t i = 0; i < text.size(); ++i)
+    {
+        const std::u16string_view unit(&text[i], 1);
+        if (i > 0 && text[i] < 9)
+            places += static_cast<char16_t>(i);
+        // Lengths and places are bytes, whatever character they would be.
+        if (i == 0 || text[i] < 0x20)
+        {
+            constexpr char kDigits[] = "0123456789abcdef";
+            out += "\\'";
+            out += kDigits[text[i] >> 4 & 15];
+            out += kDigits[text[i] & 15];
+        }
+        else
+            AppendEscaped(unit, out);
+    }
+    out += ";}{\\levelnumbers ";
+    AppendEscaped(places, out);
+    out += ";}";
+    if (!level.font.IsEmpty())
+        AppendWord(out, "f", Font(level.font, level.fontCharset, FontFamily::Nil));
+    out += '}';
+}
+
+void WriterTables::WriteLists(std::string& out) const
+{
+    if (m_lists.empty())
+        return;
+    out += "{\\*\\listtable";
+    for (const auto& [list, levels] : m_lists)
+    {
+        out += "\r\n{\\list";
+        AppendWord(out, "listtemplateid", list);
+        for (std::int32_t number = 0; number <= levels.rbegin()->first; ++number)
+        {
+            const auto level = levels.find(number);
+            WriteLevel(level == levels.end() ? Numbering{.kind = NumberKind::None} : level->second, out);
+        }
+        AppendWord(out, "listid", list);
+        out += '}';
+    }
+    out += "}\r\n{\\*\\listoverridetable";
+    for (const auto& entry : m_lists)
+    {
+        out += "{\\listoverride";
+        AppendWord(out, "listid", entry.first);
+        AppendWord(out, "listoverridecount", 0);
+        AppendWord(out, "ls", entry.first);
+        out += '}';
+    }
+    out += "}\r\n";
+}
+
+}  // namespace quillmarker
