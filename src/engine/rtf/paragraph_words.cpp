@@ -173,7 +173,8 @@ std::string ParagraphWords(const ParagraphFormat& format, int tableDepth, const 
     }
     else if (format.numbering)
         AppendOldNumbering(out, *format.numbering, tables);
-    out += ' ';
+    if (out.back() != '}')  // behind a group a blank would be text
+        out += ' ';
     return out;
 }
 

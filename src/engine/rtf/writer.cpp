@@ -60,9 +60,13 @@ void Writer::WriteBody(const Body& body, LastMark lastMark)
         if (IsRowStart(paragraphs, i))
             WriteRowStart(paragraphs, i);
         const bool isLast = i + 1 == paragraphs.size();
-        const bool leavesOut = lastMark == LastMark::LeftOut ||
-                               (lastMark == LastMark::LeftOutUnlessEmpty && !paragraphs[i]->Text().empty());
-        WriteParagraph(*paragraphs[i], !isLast || !leavesOut);
+        const bool leavesOut = lastMark == LastMark::LeftOutUnlessEmpty && !paragraphs[i]->Text().empty();
+        WriteParagraph(*paragraphs[i]);
+        if (isLast && lastMark == LastMark::LeftOut)
+            break;
+        UseMark(*paragraphs[i]);
+        if (!isLast || !leavesOut)
+            WriteMark(*paragraphs[i]);
     }
     UseField({});
 }
@@ -81,7 +85,7 @@ void Writer::WriteRowStart(const Paragraphs& paragraphs, std::size_t index)
     }
 }
 
-void Writer::WriteParagraph(const Paragraph& paragraph, bool writesMark)
+void Writer::WriteParagraph(const Paragraph& paragraph)
 {
     const ParagraphMark& mark = paragraph.Ending();
     UseField(paragraph.Runs().empty() ? m_document.FormatOf(mark.charFormat).field
@@ -95,11 +99,13 @@ void Writer::WriteParagraph(const Paragraph& paragraph, bool writesMark)
         WriteText(paragraph, begin, run.end);
         begin = run.end;
     }
-    if (!writesMark)
-        return;
-    UseChars(mark.charFormat);
-    UseParagraph(mark);
-    WriteMark(paragraph);
+}
+
+/// What holds at the mark: also where the mark itself is not written, its formats are those that the text ends with.
+void Writer::UseMark(const Paragraph& paragraph)
+{
+    UseChars(paragraph.Ending().charFormat);
+    UseParagraph(paragraph.Ending());
 }
 
 void Writer::WriteNumber(const ParagraphFormat& format)

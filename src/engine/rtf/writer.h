@@ -46,7 +46,8 @@ private:
 
     void WriteBody(const Body& body, LastMark lastMark);
     void WriteNested(const char* word, const Body& body, LastMark lastMark);
-    void WriteParagraph(const Paragraph& paragraph, bool writesMark);
+    void WriteParagraph(const Paragraph& paragraph);
+    void UseMark(const Paragraph& paragraph);
     void WriteRowStart(const Paragraphs& paragraphs, std::size_t index);
     void WriteNumber(const ParagraphFormat& format);
     void WriteText(const Paragraph& paragraph, std::uint32_t begin, std::uint32_t end);
