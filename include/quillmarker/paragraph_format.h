@@ -65,6 +65,9 @@ struct Numbering
     bool operator==(const Numbering&) const = default;
 };
 
+/// As much of a number's text as is kept.
+constexpr std::size_t kMaxNumberText = 32;
+
 enum class BorderStyle : std::uint8_t
 {
     None, Single, Thick, Double, Dotted, Dashed, Hairline, DashSmall, DotDash, DotDotDash, Triple, Shadow, Wavy,

@@ -201,7 +201,14 @@ PartialParagraphFormat TextBox::SelParagraphFormat() const
 
 void TextBox::SetSelParagraphFormat(const PartialParagraphFormat& format)
 {
-    m->ChangeParagraphs([&](ParagraphFormat here) { return Patched(std::move(here), format); });
+    PartialParagraphFormat patch = format;
+    if (patch.numbering && *patch.numbering && (*patch.numbering)->list != 0)
+    {
+        Numbering numbering = **patch.numbering;
+        numbering.list = m->document.Formats().ListNumberFor(numbering.list, {numbering});
+        patch.numbering = Shared(std::move(numbering));
+    }
+    m->ChangeParagraphs([&](ParagraphFormat here) { return Patched(std::move(here), patch); });
 }
 
 std::int32_t TextBox::RightMargin() const

@@ -85,7 +85,10 @@ void Document::Visit(std::int32_t first, const std::function<bool(const Paragrap
 std::int32_t Document::RowMarkOf(std::int32_t paragraph) const
 {
     const std::uint16_t depth = ParagraphAt(paragraph).Ending().tableDepth;
-    return depth == 0 ? -1 : TreeOf(m_body).FindRowMark(paragraph, depth);
+    if (depth == 0)
+        return -1;
+    const std::int32_t found = TreeOf(m_body).FindRowMark(paragraph, depth);
+    return found >= 0 && ParagraphAt(found).Ending().tableDepth == depth ? found : -1;
 }
 
 std::u16string Document::Text() const

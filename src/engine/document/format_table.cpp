@@ -2,6 +2,9 @@
 
 #include "engine/document/format_hash.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace quillmarker
 {
 namespace
@@ -32,8 +35,36 @@ CharFormatId FormatTable::Intern(const CharFormat& format)
 
 ParagraphFormatId FormatTable::Intern(const ParagraphFormat& format)
 {
+    if (format.numbering && format.numbering->list != 0)
+        m_lists.try_emplace({format.numbering->list, format.numbering->level}, format.numbering);
     return InternIn<ParagraphFormatId>(m_paragraphs, m_paragraphsByHash, format,
                                        HashOfFields(format, kParagraphFields));
+}
+
+Shared<Numbering> FormatTable::ListLevel(std::int32_t list, std::int32_t level) const
+{
+    const auto found = m_lists.find({list, level});
+    return found == m_lists.end() ? Shared<Numbering>() : found->second;
+}
+
+std::vector<Numbering> FormatTable::ListLevels(std::int32_t list) const
+{
+    std::vector<Numbering> levels;
+    constexpr std::int32_t kFirstLevel = std::numeric_limits<std::int32_t>::min();
+    for (auto at = m_lists.lower_bound({list, kFirstLevel}); at != m_lists.end() && at->first.first == list; ++at)
+        levels.push_back(*at->second);
+    return levels;
+}
+
+std::int32_t FormatTable::ListNumberFor(std::int32_t list, const std::vector<Numbering>& levels) const
+{
+    for (const Numbering& level : levels)
+    {
+        const Shared<Numbering> known = ListLevel(list, level.level);
+        if (known && !(*known == level))
+            return std::max(m_lists.rbegin()->first.first, 0) + 1;
+    }
+    return list;
 }
 
 }  // namespace quillmarker

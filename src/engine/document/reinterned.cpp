@@ -7,27 +7,46 @@ namespace quillmarker
 namespace
 {
 
-template <class Id>
-Id Carried(Id id, const FormatTable& from, FormatTable& to, std::vector<std::optional<Id>>& known)
+template <class Id, class Make>
+Id Carried(Id id, std::vector<std::optional<Id>>& known, Make make)
 {
     const auto number = static_cast<std::size_t>(id);
     if (number >= known.size())
         known.resize(number + 1);
     if (!known[number])
-        known[number] = to.Intern(from[id]);
+        known[number] = make();
     return *known[number];
 }
 
 }  // namespace
 
+std::int32_t FormatTransfer::ListNumber(std::int32_t list)
+{
+    const auto [entry, isNew] = m_lists.try_emplace(list, list);
+    if (isNew)
+        entry->second = m_to.ListNumberFor(list, m_from.ListLevels(list));
+    return entry->second;
+}
+
 CharFormatId FormatTransfer::operator()(CharFormatId id)
 {
-    return IsIdentity() ? id : Carried(id, m_from, m_to, m_chars);
+    return IsIdentity() ? id : Carried(id, m_chars, [&] { return m_to.Intern(m_from[id]); });
 }
 
 ParagraphFormatId FormatTransfer::operator()(ParagraphFormatId id)
 {
-    return IsIdentity() ? id : Carried(id, m_from, m_to, m_paragraphs);
+    if (IsIdentity())
+        return id;
+    return Carried(id, m_paragraphs, [&] {
+        ParagraphFormat format = m_from[id];
+        if (format.numbering && format.numbering->list != 0)
+        {
+            Numbering numbering = *format.numbering;
+            numbering.list = ListNumber(numbering.list);
+            format.numbering = Shared(std::move(numbering));
+        }
+        return m_to.Intern(format);
+    });
 }
 
 Body FormatTransfer::operator()(const Body& body)

@@ -2,6 +2,7 @@
 
 #include <quillmarker/document.h>
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -26,10 +27,13 @@ public:
     bool IsIdentity() const { return &m_from == &m_to; }
 
 private:
+    std::int32_t ListNumber(std::int32_t list);
+
     const FormatTable& m_from;
     FormatTable& m_to;
     std::vector<std::optional<CharFormatId>> m_chars;
     std::vector<std::optional<ParagraphFormatId>> m_paragraphs;
+    std::map<std::int32_t, std::int32_t> m_lists;  // a list keeps its number unless that is another list there
 };
 
 }  // namespace quillmarker

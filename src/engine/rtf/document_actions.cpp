@@ -21,12 +21,12 @@ void SetCellShade(Reader& reader, const Keyword&, const Parameter& parameter)
 
 void KeepInCell(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
-    AppendWord(reader.Table().cell.kept, keyword.name, parameter);
+    KeepWord(reader.Table().cell.kept, keyword.name, parameter, kMaxKeptRepeated);
 }
 
 void KeepInRow(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
-    AppendWord(reader.Table().row.kept, keyword.name, parameter);
+    KeepWord(reader.Table().row.kept, keyword.name, parameter, kMaxKeptRepeated);
 }
 
 void ResetSection(Reader& reader, const Keyword&, const Parameter&)
@@ -79,12 +79,12 @@ void SetFirstPage(Reader& reader, const Keyword&, const Parameter& parameter)
 
 void KeepInSection(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
-    AppendWord(reader.SectionNow().kept, keyword.name, parameter);
+    KeepWord(reader.SectionNow().kept, keyword.name, parameter, kMaxKeptRepeated);
 }
 
 void KeepInDocument(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
-    AppendWord(reader.Properties().kept, keyword.name, parameter);
+    KeepWord(reader.Properties().kept, keyword.name, parameter, kMaxKeptOnce);
 }
 
 void InfoEntry(Reader& reader, const Keyword& keyword, const Parameter&)
@@ -96,28 +96,28 @@ void InfoEntry(Reader& reader, const Keyword& keyword, const Parameter&)
     reader.Enter(Destination::InfoText);
 }
 
-void InfoTime(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+void InfoTime(Reader& reader, const Keyword& keyword, const Parameter&)
 {
     std::string& kept = reader.Properties().infoKept;
-    const std::size_t length = kept.size();
-    if (!reader.IsIn(Destination::Info) || !reader.Enter(Destination::InfoTime))
+    if (!reader.IsIn(Destination::Info) || kept.size() >= kMaxKeptOnce)
+        return reader.SkipGroup();
+    if (!reader.Enter(Destination::InfoTime))
         return;
     kept += '{';
-    AppendWord(kept, keyword.name, parameter);
-    if (kept.size() == length + 1)  // there was no more room
-        reader.SkipGroup();
+    kept += '\\';
+    kept += keyword.name;
 }
 
 void InfoTimePart(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::InfoTime))
-        AppendWord(reader.Properties().infoKept, keyword.name, parameter);
+        KeepWord(reader.Properties().infoKept, keyword.name, parameter, kMaxKeptOnce);
 }
 
 void InfoNumber(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::Info))
-        AppendWord(reader.Properties().infoKept, keyword.name, parameter);
+        KeepWord(reader.Properties().infoKept, keyword.name, parameter, kMaxKeptOnce);
 }
 
 }  // namespace quillmarker

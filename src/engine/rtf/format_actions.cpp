@@ -124,7 +124,7 @@ void KeepInParagraph(Reader& reader, const Keyword& keyword, const Parameter& pa
 {
     Shared<std::string>& kept = reader.ParagraphProperties().kept;
     std::string changed = kept ? *kept : std::string();
-    AppendWord(changed, keyword.name, parameter);
+    KeepWord(changed, keyword.name, parameter, kMaxKeptRepeated);
     kept = Shared(std::move(changed));
 }
 

@@ -6,19 +6,19 @@ namespace quillmarker
 void KeepInPicture(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::Picture))
-        AppendWord(reader.PictureNow().picture.kept, keyword.name, parameter);
+        KeepWord(reader.PictureNow().picture.kept, keyword.name, parameter, kMaxKeptOnce);
 }
 
 void KeepInObject(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::Object))
-        AppendWord(reader.ObjectNow()->object.kept, keyword.name, parameter);
+        KeepWord(reader.ObjectNow()->object.kept, keyword.name, parameter, kMaxKeptOnce);
 }
 
 void KeepInField(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::Field))
-        AppendWord(reader.FieldNow()->field.switches, keyword.name, parameter);
+        KeepWord(reader.FieldNow()->field.switches, keyword.name, parameter, kMaxKeptRepeated);
 }
 
 void SetObjectKind(Reader& reader, const Keyword& keyword, const Parameter&)

@@ -75,6 +75,15 @@ std::int32_t FontTable::IndexOf(std::int32_t number) const
     return found == m_byNumber.end() ? -1 : found->second;
 }
 
+std::int32_t FontTable::IndexOf(std::u16string_view name) const
+{
+    // Asked for by fields, any number of them: a table longer than files have is not searched to its end.
+    constexpr std::size_t kSearched = 256;
+    const auto end = m_fonts.begin() + static_cast<std::ptrdiff_t>(std::min(m_fonts.size(), kSearched));
+    const auto found = std::find_if(m_fonts.begin(), end, [&](const FontEntry& font) { return font.name.Text() == name; });
+    return found == end ? -1 : static_cast<std::int32_t>(found - m_fonts.begin());
+}
+
 void ColourTable::Set(int shift, std::int32_t value)
 {
     if (m_current.IsAutomatic())

@@ -40,6 +40,7 @@ public:
 
     /// The index of font `number`, -1 when the table lacks it.
     std::int32_t IndexOf(std::int32_t number) const;
+    std::int32_t IndexOf(std::u16string_view name) const;
     const FontEntry& operator[](std::int32_t index) const { return m_fonts[static_cast<std::size_t>(index)]; }
     bool IsEmpty() const { return m_fonts.empty(); }
 

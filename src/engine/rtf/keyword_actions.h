@@ -117,10 +117,14 @@ constexpr Twips Length(std::int32_t value, std::int32_t unit = 1)
     return {std::clamp(value, -kMaxLength / unit, kMaxLength / unit) * unit};
 }
 
-inline void AppendWord(std::string& kept, std::string_view name, const Parameter& parameter)
+/// How much of the words that are only kept a thing keeps. What is written once may keep more than what a single short
+/// word of the source makes the writer repeat.
+constexpr std::size_t kMaxKeptOnce = 4'096;
+constexpr std::size_t kMaxKeptRepeated = 256;
+
+inline void KeepWord(std::string& kept, std::string_view name, const Parameter& parameter, std::size_t most)
 {
-    constexpr std::size_t kMaxKept = 4'096;
-    if (kept.size() >= kMaxKept)
+    if (kept.size() >= most)
         return;
     kept += '\\';
     kept += name;

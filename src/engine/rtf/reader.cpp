@@ -2,6 +2,7 @@
 
 #include "engine/rtf/keywords.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quillmarker
@@ -181,17 +182,38 @@ Shared<Numbering> Reader::ListNumbering(std::int32_t list, std::int32_t level)
     const ListLevel* source = known ? nullptr : m_lists.Find(list, level);
     if (!source)
         return known;
-    Numbering numbering = source->numbering;
+    return known = Shared(NumberingOf(*source, ListNumber(list), level));
+}
+
+Numbering Reader::NumberingOf(const ListLevel& source, std::int32_t list, std::int32_t level) const
+{
+    Numbering numbering = source.numbering;
     numbering.list = list;
     numbering.level = level;
-    numbering.text = source->text.empty() ? u"" : source->text.substr(1, source->text[0]);
-    if (source->font >= 0)
+    numbering.text = source.text.empty() ? u"" : source.text.substr(1, std::min<std::size_t>(source.text[0], kMaxNumberText));
+    if (source.font >= 0)
     {
-        const FontEntry& font = m_fonts[source->font];
+        const FontEntry& font = m_fonts[source.font];
         numbering.font = font.name;
         numbering.fontCharset = static_cast<std::uint8_t>(font.charset < 0 ? 0 : font.charset);
     }
-    return known = Shared(std::move(numbering));
+    return numbering;
+}
+
+/// A list keeps its number, unless the document that a fragment is put in has another list of that number.
+std::int32_t Reader::ListNumber(std::int32_t list)
+{
+    const auto [entry, isNew] = m_listNumbers.try_emplace(list, list);
+    if (!isNew)
+        return entry->second;
+    std::vector<Numbering> levels;
+    for (std::int32_t level = 0; const ListLevel* source = m_lists.Find(list, level); ++level)
+    {
+        // Writers fill levels that nobody uses with empty ones, which say nothing.
+        if (source->numbering.kind != NumberKind::None)
+            levels.push_back(NumberingOf(*source, list, level));
+    }
+    return entry->second = m_formats->ListNumberFor(list, levels);
 }
 
 ParagraphMark Reader::MarkNow(Mark kind)

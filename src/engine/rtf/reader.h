@@ -22,7 +22,8 @@ namespace quillmarker
 struct OpenField
 {
     Field field;
-    bool isNested = false;  // inside another field's instruction, of which it becomes a part
+    std::int64_t begin = 0;  // units read before it
+    bool isNested = false;   // inside another field's instruction, of which it becomes a part
 };
 
 /// Reads one RTF source into a document. The keyword table drives it: each word is a row that calls the members here.
@@ -102,6 +103,8 @@ private:
     void EndDestination(const ReaderState& left);
 
     void EndField();
+    void PutMissingResult(const Field& field);
+    Shared<Field> Finished(Field field);
     void EndHeader();
     void EndNote();
     void EndPicture();
@@ -125,6 +128,8 @@ private:
     ParagraphFormatId ParagraphId();
     ParagraphMark MarkNow(Mark kind);
     Shared<Numbering> ListNumbering(std::int32_t list, std::int32_t level);
+    Numbering NumberingOf(const ListLevel& level, std::int32_t list, std::int32_t number) const;
+    std::int32_t ListNumber(std::int32_t list);
     Story& StoryNow() { return *m_stories.back(); }
 
     static constexpr std::size_t kMaxStories = 32;
@@ -153,6 +158,8 @@ private:
     std::int32_t m_overrideNumber = 0;
     CodePage m_documentPage;
     std::map<std::pair<std::int32_t, std::int32_t>, Shared<Numbering>> m_listNumberings;
+
+    std::map<std::int32_t, std::int32_t> m_listNumbers;  // as in the source -> as in the document
 
     TableReading m_table;
     std::vector<TableReading> m_outerTables;

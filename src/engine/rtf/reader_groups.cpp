@@ -1,3 +1,4 @@
+#include "engine/document/field_instruction.h"
 #include "engine/rtf/reader.h"
 
 #include <algorithm>
@@ -141,7 +142,28 @@ void Reader::BeginField()
         return;
     const Shared<Field> outer = State().chars.field;
     if (Enter(Destination::Field))
-        m_openFields.push_back({{.instruction = {}, .switches = {}, .outer = outer}, isNested});
+        m_openFields.push_back({{.instruction = {}, .switches = {}, .outer = outer}, m_units, isNested});
+}
+
+/// A field whose instruction is complete. Two equal fields side by side would be read as one, so the second one is told
+/// apart.
+Shared<Field> Reader::Finished(Field field)
+{
+    std::u16string& instruction = field.instruction;
+    instruction.erase(0, std::min(instruction.find_first_not_of(u' '), instruction.size()));
+    instruction.erase(instruction.find_last_not_of(u' ') + 1);
+    const auto latest = StoryNow().LatestFormat();
+    for (Shared<Field> before = latest ? (*m_formats)[*latest].field : Shared<Field>(); before; before = before->outer)
+    {
+        Field unnumbered = *before;
+        unnumbered.serial = 0;
+        if (unnumbered == field)
+        {
+            field.serial = before->serial + 1;
+            break;
+        }
+    }
+    return Shared(std::move(field));
 }
 
 void Reader::BeginFieldResult()
@@ -151,33 +173,37 @@ void Reader::BeginFieldResult()
         return open && open->isNested ? SkipGroup() : void();
     if (open->isNested)
         return SkipGroup();
-    std::u16string& instruction = open->field.instruction;
-    instruction.erase(0, std::min(instruction.find_first_not_of(u' '), instruction.size()));
-    instruction.erase(instruction.find_last_not_of(u' ') + 1);
-    // Two equal fields side by side would be read as one, so the second one is told apart.
-    const auto latest = StoryNow().LatestFormat();
-    for (Shared<Field> before = latest ? (*m_formats)[*latest].field : Shared<Field>(); before; before = before->outer)
-    {
-        Field unnumbered = *before;
-        unnumbered.serial = 0;
-        if (unnumbered == open->field)
-        {
-            open->field.serial = before->serial + 1;
-            break;
-        }
-    }
+    const Shared<Field> field = Finished(open->field);
     if (Enter(Destination::FieldResult))
-        Chars().field = Shared(open->field);
+        Chars().field = field;
 }
 
 void Reader::EndField()
 {
     const OpenField ended = std::move(m_openFields.back());
     m_openFields.pop_back();
+    if (!ended.isNested && m_units == ended.begin && IsInStory())
+        PutMissingResult(ended.field);
     if (!ended.isNested)
         return;
     if (OpenField* outer = FieldNow())
         outer->field.instruction += u"{" + ended.field.instruction + u"}";
+}
+
+/// Some writers leave out results that others compute. Without one a field would have no place in the text, so those
+/// that everybody can compute get theirs here.
+void Reader::PutMissingResult(const Field& field)
+{
+    const MissingResult result = ResultOf(field);
+    if (result.text.empty())
+        return;
+    m_states.Open();
+    Chars().field = Finished(field);
+    const std::int32_t font = result.font.empty() ? -1 : m_fonts.IndexOf(result.font);
+    if (font >= 0)
+        m_states.Change().font = font;
+    PutText(result.text);
+    CloseGroup();
 }
 
 void Reader::BeginStory(Destination destination)
@@ -187,6 +213,7 @@ void Reader::BeginStory(Destination destination)
     if (!Enter(destination))
         return;
     m_stories.push_back(std::make_unique<Story>());
+    m_outerTables.push_back(std::exchange(m_table, {}));
     ResetParagraph();
     Chars().field = {};
 }
@@ -198,6 +225,8 @@ Body Reader::EndStory()
     plain.tableDepth = 0;
     Body body = StoryNow().Finish(plain, true);
     m_stories.pop_back();
+    m_table = std::move(m_outerTables.back());
+    m_outerTables.pop_back();
     return body;
 }
 
@@ -276,10 +305,7 @@ void Reader::PutPageNumber()
 {
     if (!IsInStory())
         return;
-    m_states.Open();
-    Chars().field = Shared(Field{.instruction = u"PAGE", .switches = {}, .outer = State().chars.field});
-    PutUnit(u'1');
-    CloseGroup();
+    PutMissingResult({.instruction = u"PAGE", .switches = {}, .outer = State().chars.field});
 }
 
 void Reader::EndNumbering()

@@ -230,7 +230,7 @@ void WriterTables::WriteLevel(const Numbering& level, std::string& out) const
     AppendWord(out, "levelstartat", level.start);
     if (level.indent != Twips())
         AppendWord(out, "levelindent", level.indent.value);
-    std::u16string text = level.text.substr(0, 255);
+    std::u16string text = level.text.substr(0, kMaxNumberText);
     text.insert(text.begin(), static_cast<char16_t>(text.size()));
     std::u16string places;
     out += "{\\leveltext ";
