@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 namespace quillmarker::tool
 {
@@ -13,12 +12,23 @@ constexpr int kWidestBar = 40;
 constexpr int kNarrowestBar = 5;
 constexpr double kLongestSeconds = 100 * 3600.0;
 
-template <class... Values>
-std::string Formatted(const char* format, Values... values)
+/// At least two digits.
+std::string Padded(long number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+/// "7.3/s", from ten on "42/s".
+std::string Rate(double perSecond)
 {
-    char text[64];
-    std::snprintf(text, sizeof text, format, values...);
-    return text;
+    const long tenths = std::lround(perSecond * 10);
+    if (tenths >= 100)
+        return std::to_string(std::lround(perSecond)) + "/s";
+    return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + "/s";
+}
+
+/// Three characters and the sign.
+std::string Percent(double part)
+{
+    const std::string number = std::to_string(static_cast<int>(part * 100));
+    return std::string(3 - number.size(), ' ') + number + "%";
 }
 
 /// "[######------] "; nothing when there is no room for one.
@@ -46,21 +56,21 @@ std::string Duration(std::optional<double> seconds)
 {
     if (!seconds || !(*seconds < kLongestSeconds))
         return "?";
-    const int whole = static_cast<int>(std::lround(std::max(*seconds, 0.0)));
+    const long whole = std::lround(std::max(*seconds, 0.0));
+    const std::string inMinute = ":" + Padded(whole % 60);
     if (whole < 3600)
-        return Formatted("%d:%02d", whole / 60, whole % 60);
-    return Formatted("%d:%02d:%02d", whole / 3600, whole / 60 % 60, whole % 60);
+        return std::to_string(whole / 60) + inMinute;
+    return std::to_string(whole / 3600) + ":" + Padded(whole / 60 % 60) + inMinute;
 }
 
 std::string ProgressLine(const Progress& progress, int columns)
 {
     const double rate = progress.seconds > 0 ? static_cast<double>(progress.reports) / progress.seconds : 0;
-    std::string line = Formatted("%lld reports, ", static_cast<long long>(progress.reports)) +
-                       Formatted(rate < 10 ? "%.1f/s" : "%.0f/s", rate);
+    std::string line = std::to_string(progress.reports) + " reports, " + Rate(rate);
     if (progress.part)
     {
         const double part = std::clamp(*progress.part, 0.0, 1.0);
-        line = Formatted("%3.0f%%  ", std::floor(part * 100)) + line + ", " + Duration(SecondsLeft(progress)) + " left";
+        line = Percent(part) + "  " + line + ", " + Duration(SecondsLeft(progress)) + " left";
         line = Bar(part, columns - static_cast<int>(line.size())) + line;
     }
     return line.substr(0, static_cast<std::size_t>(std::max(columns, 0)));
