@@ -32,10 +32,26 @@ struct Colour
 
 enum class FontFamily : std::uint8_t { Nil, Roman, Swiss, Modern, Script, Decor, Tech, Bidi };
 
-enum class Underline : std::uint8_t
-{
-    None, Single, Words, Double, Dotted, Dash, DashDot, DashDotDot, Thick, ThickDotted, ThickDash, ThickDashDot,
-    ThickDashDotDot, LongDash, ThickLongDash, Wave, HeavyWave, DoubleWave, Hairline
+enum class Underline : std::uint8_t {
+    None,
+    Single,
+    Words,
+    Double,
+    Dotted,
+    Dash,
+    DashDot,
+    DashDotDot,
+    Thick,
+    ThickDotted,
+    ThickDash,
+    ThickDashDot,
+    ThickDashDotDot,
+    LongDash,
+    ThickLongDash,
+    Wave,
+    HeavyWave,
+    DoubleWave,
+    Hairline
 };
 
 /// Raised or lowered by the font's own measures; an explicit distance is the format's `offset`.
@@ -84,10 +100,10 @@ struct CharFields
     Wrap<bool> emboss{};
     Wrap<bool> engrave{};
     Wrap<bool> rightToLeft{};
-    Wrap<std::uint16_t> language{};  // Windows language identifier; 0 is not stated
-    Wrap<Twips> spacing{};           // added after each character
+    Wrap<std::uint16_t> language{};      // Windows language identifier; 0 is not stated
+    Wrap<Twips> spacing{};               // added after each character
     Wrap<std::uint16_t> widthPercent{};  // horizontal scaling; 0 and 100 are none
-    Wrap<Twips> kerning{};           // smallest size that is kerned; 0 is never
+    Wrap<Twips> kerning{};               // smallest size that is kerned; 0 is never
     Wrap<Name> style{};
     Wrap<Shared<Field>> field{};
 

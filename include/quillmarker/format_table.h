@@ -24,7 +24,10 @@ public:
     ParagraphFormatId Intern(const ParagraphFormat&);
 
     const CharFormat& operator[](CharFormatId id) const { return m_chars[static_cast<std::uint32_t>(id)]; }
-    const ParagraphFormat& operator[](ParagraphFormatId id) const { return m_paragraphs[static_cast<std::uint32_t>(id)]; }
+    const ParagraphFormat& operator[](ParagraphFormatId id) const
+    {
+        return m_paragraphs[static_cast<std::uint32_t>(id)];
+    }
 
     /// How a level of a list is numbered, as the first format of that list and level says; none: nobody said.
     Shared<Numbering> ListLevel(std::int32_t list, std::int32_t level) const;

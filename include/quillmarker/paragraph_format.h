@@ -42,9 +42,17 @@ struct TabStop
 /// As many stops as a paragraph keeps; further ones are dropped.
 constexpr std::size_t kMaxTabStops = 64;
 
-enum class NumberKind : std::uint8_t
-{
-    None, Bullet, Decimal, LowerLetter, UpperLetter, LowerRoman, UpperRoman, Ordinal, CardinalText, OrdinalText
+enum class NumberKind : std::uint8_t {
+    None,
+    Bullet,
+    Decimal,
+    LowerLetter,
+    UpperLetter,
+    LowerRoman,
+    UpperRoman,
+    Ordinal,
+    CardinalText,
+    OrdinalText
 };
 
 /// A bullet or a number in front of a paragraph.
@@ -58,9 +66,9 @@ struct Numbering
     std::u16string text;     // what is shown; the characters U+0000 to U+0008 stand for the numbers of these levels
     Name font;               // of the number or bullet; empty: as the paragraph's mark
     std::uint8_t fontCharset = 0;
-    bool hanging = false;    // the number hangs in the margin of the text (\pnhang)
-    std::uint8_t align = 0;  // 0 left, 1 centred, 2 right
-    std::uint8_t follow = 0; // 0 a tab, 1 a space, 2 nothing
+    bool hanging = false;     // the number hangs in the margin of the text (\pnhang)
+    std::uint8_t align = 0;   // 0 left, 1 centred, 2 right
+    std::uint8_t follow = 0;  // 0 a tab, 1 a space, 2 nothing
 
     bool operator==(const Numbering&) const = default;
 };
@@ -68,10 +76,26 @@ struct Numbering
 /// As much of a number's text as is kept.
 constexpr std::size_t kMaxNumberText = 32;
 
-enum class BorderStyle : std::uint8_t
-{
-    None, Single, Thick, Double, Dotted, Dashed, Hairline, DashSmall, DotDash, DotDotDash, Triple, Shadow, Wavy,
-    DoubleWavy, Striped, Emboss, Engrave, Inset, Outset
+enum class BorderStyle : std::uint8_t {
+    None,
+    Single,
+    Thick,
+    Double,
+    Dotted,
+    Dashed,
+    Hairline,
+    DashSmall,
+    DotDash,
+    DotDotDash,
+    Triple,
+    Shadow,
+    Wavy,
+    DoubleWavy,
+    Striped,
+    Emboss,
+    Engrave,
+    Inset,
+    Outset
 };
 
 struct Border

@@ -25,9 +25,15 @@ struct PageFormat
 
 enum class SectionBreak : std::uint8_t { None, Column, Page, EvenPage, OddPage };
 
-enum class HeaderKind : std::uint8_t
-{
-    Header, HeaderLeft, HeaderRight, HeaderFirst, Footer, FooterLeft, FooterRight, FooterFirst
+enum class HeaderKind : std::uint8_t {
+    Header,
+    HeaderLeft,
+    HeaderRight,
+    HeaderFirst,
+    Footer,
+    FooterLeft,
+    FooterRight,
+    FooterFirst
 };
 
 constexpr std::size_t kHeaderKinds = 8;

@@ -36,7 +36,9 @@ class Name
 public:
     Name() = default;
     Name(std::u16string text)  // NOLINT(google-explicit-constructor): a text is a name
-        : m_text(text.empty() ? Shared<std::u16string>() : Shared(std::move(text))) {}
+        : m_text(text.empty() ? Shared<std::u16string>() : Shared(std::move(text)))
+    {
+    }
     Name(const char16_t* text) : Name(std::u16string(text)) {}  // NOLINT(google-explicit-constructor)
 
     bool IsEmpty() const { return !m_text; }

@@ -26,16 +26,14 @@ struct Selection
 };
 
 /// Options of Find; other bits are ignored.
-enum FindOption : int
-{
+enum FindOption : int {
     kFindWholeWord = 2,
     kFindMatchCase = 4,
     kFindNoHighlight = 8,  // keeps a view from scrolling to what was found
 };
 
 /// The values of SelAlignment.
-enum SelectionAlignment : int
-{
+enum SelectionAlignment : int {
     kAlignLeft = 0,
     kAlignRight = 1,
     kAlignCentre = 2,

@@ -28,10 +28,7 @@ constexpr Twips Points(std::int32_t count) { return {count * 20}; }
 constexpr Twips HalfPoints(std::int32_t count) { return {count * 10}; }
 
 /// Half-points nearest to `length`, the unit in which RTF states sizes and baseline offsets; halves away from zero.
-constexpr std::int32_t ToHalfPoints(Twips length)
-{
-    return (length.value + (length.value < 0 ? -5 : 5)) / 10;
-}
+constexpr std::int32_t ToHalfPoints(Twips length) { return (length.value + (length.value < 0 ? -5 : 5)) / 10; }
 
 /// Distance of the default tab stops, which follow the last stop a paragraph sets.
 constexpr Twips kDefaultTab = Inches(1) / 2;

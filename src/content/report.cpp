@@ -16,20 +16,11 @@ Report::Report() : m(std::make_unique<State>(*this))
 
 Report::~Report() = default;
 
-TextBox& Report::Box()
-{
-    return m->box;
-}
+TextBox& Report::Box() { return m->box; }
 
-const TextBox& Report::Box() const
-{
-    return m->box;
-}
+const TextBox& Report::Box() const { return m->box; }
 
-void Report::SetHooks(ReportHooks* hooks)
-{
-    m->hooks = hooks ? hooks : &m->noHooks;
-}
+void Report::SetHooks(ReportHooks* hooks) { m->hooks = hooks ? hooks : &m->noHooks; }
 
 /// The host's handler sees Changed as it was before.
 void Report::State::OnChange()
@@ -123,10 +114,7 @@ void Report::Undo()
     SetRedraw(true);
 }
 
-bool Report::Redraw() const
-{
-    return m->redrawEnabled;
-}
+bool Report::Redraw() const { return m->redrawEnabled; }
 
 void Report::SetRedraw(bool enabled)
 {
@@ -142,15 +130,9 @@ void Report::SetRedraw(bool enabled)
     Attempt([&] { m->hooks->PropertyChanged(u"Redraw"); });
 }
 
-bool Report::Changed() const
-{
-    return m->changed;
-}
+bool Report::Changed() const { return m->changed; }
 
-void Report::SetChanged(bool changed)
-{
-    m->changed = changed;
-}
+void Report::SetChanged(bool changed) { m->changed = changed; }
 
 std::u16string Report::UndoRTF() const
 {
@@ -164,35 +146,17 @@ std::u16string Report::UndoRTF() const
     return rtf;
 }
 
-int Report::UndoSelStart() const
-{
-    return m->snapshot.selStart;
-}
+int Report::UndoSelStart() const { return m->snapshot.selStart; }
 
-int Report::UndoSelLength() const
-{
-    return m->snapshot.selLength;
-}
+int Report::UndoSelLength() const { return m->snapshot.selLength; }
 
-void Report::SaveUndoSnapshot()
-{
-    m->snapshot = {m->box.Value(), m->box.SelStart(), m->box.SelLength()};
-}
+void Report::SaveUndoSnapshot() { m->snapshot = {m->box.Value(), m->box.SelStart(), m->box.SelLength()}; }
 
-void Report::DropUndoSnapshot()
-{
-    m->snapshot.selStart = -1;
-}
+void Report::DropUndoSnapshot() { m->snapshot.selStart = -1; }
 
-int Report::DefaultCharset() const
-{
-    return m->defaultCharset;
-}
+int Report::DefaultCharset() const { return m->defaultCharset; }
 
-void Report::SetDefaultCharset(int charset)
-{
-    m->defaultCharset = charset;
-}
+void Report::SetDefaultCharset(int charset) { m->defaultCharset = charset; }
 
 int Report::State::Open(const std::filesystem::path& path, FileKind kind)
 {
@@ -207,15 +171,9 @@ int Report::State::Open(const std::filesystem::path& path, FileKind kind)
     return 0;
 }
 
-int Report::OpenFileRTF(const std::filesystem::path& FileName)
-{
-    return m->Open(FileName, FileKind::Rtf);
-}
+int Report::OpenFileRTF(const std::filesystem::path& FileName) { return m->Open(FileName, FileKind::Rtf); }
 
-int Report::OpenFileText(const std::filesystem::path& FileName)
-{
-    return m->Open(FileName, FileKind::Text);
-}
+int Report::OpenFileText(const std::filesystem::path& FileName) { return m->Open(FileName, FileKind::Text); }
 
 int Report::SaveFileRTF(const std::filesystem::path& FileName)
 {

@@ -61,15 +61,9 @@ RtfReading TextBox::State::ReadingHere() const
     return reading;
 }
 
-void TextBox::State::RaiseChange() const
-{
-    Raise(box.Change);
-}
+void TextBox::State::RaiseChange() const { Raise(box.Change); }
 
-void TextBox::State::RaiseSelChange() const
-{
-    Raise(box.SelChange);
-}
+void TextBox::State::RaiseSelChange() const { Raise(box.SelChange); }
 
 void TextBox::State::Edit(Document next, Selection after, StepKind kind)
 {

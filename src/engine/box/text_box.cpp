@@ -14,15 +14,9 @@ namespace quillmarker
 TextBox::TextBox() : m(std::make_unique<State>(*this)) {}
 TextBox::~TextBox() = default;
 
-std::u16string TextBox::Text() const
-{
-    return m->document.Text();
-}
+std::u16string TextBox::Text() const { return m->document.Text(); }
 
-std::int32_t TextBox::TextLength() const
-{
-    return m->document.Size();
-}
+std::int32_t TextBox::TextLength() const { return m->document.Size(); }
 
 void TextBox::SetText(std::u16string_view text)
 {
@@ -69,10 +63,7 @@ FileError TextBox::SaveFile(const std::filesystem::path& path, FileKind kind) co
     return WriteFile(path, kind == FileKind::Rtf ? WriteRtf(m->document) : ToUtf8(m->document.Text()));
 }
 
-std::int32_t TextBox::SelStart() const
-{
-    return m->selection.start;
-}
+std::int32_t TextBox::SelStart() const { return m->selection.start; }
 
 void TextBox::SetSelStart(std::int32_t start)
 {
@@ -83,10 +74,7 @@ void TextBox::SetSelStart(std::int32_t start)
     m->Select({Snapped(m->document, {caret, caret}).begin.value, 0});
 }
 
-std::int32_t TextBox::SelLength() const
-{
-    return m->selection.length;
-}
+std::int32_t TextBox::SelLength() const { return m->selection.length; }
 
 void TextBox::SetSelLength(std::int32_t length)
 {
@@ -97,15 +85,9 @@ void TextBox::SetSelLength(std::int32_t length)
     m->Select({begin.value, Snapped(m->document, {begin, end}).Length()});
 }
 
-std::u16string TextBox::SelText() const
-{
-    return m->document.Text(m->Range());
-}
+std::u16string TextBox::SelText() const { return m->document.Text(m->Range()); }
 
-void TextBox::SetSelText(std::u16string_view text)
-{
-    m->PutText(text, StepKind::Separate);
-}
+void TextBox::SetSelText(std::u16string_view text) { m->PutText(text, StepKind::Separate); }
 
 std::u16string TextBox::SelRTF() const
 {
@@ -130,10 +112,7 @@ void TextBox::SetSelRTFBytes(std::string_view rtf)
         m->PutText(DecodePlainText(rtf), StepKind::Separate);
 }
 
-std::int32_t TextBox::Find(std::u16string_view text)
-{
-    return Find(text, m->selection.start);
-}
+std::int32_t TextBox::Find(std::u16string_view text) { return Find(text, m->selection.start); }
 
 std::int32_t TextBox::Find(std::u16string_view text, std::int32_t start, std::int32_t end, int options)
 {
@@ -158,10 +137,7 @@ void TextBox::InsertObject(InlineObject object)
     m->Edit(WithObject(m->document, m->Range(), Shared(std::move(object)), format), {m->selection.start + 1, 0});
 }
 
-const Document& TextBox::Value() const
-{
-    return m->document;
-}
+const Document& TextBox::Value() const { return m->document; }
 
 void TextBox::SetValue(Document document, Selection selection)
 {
@@ -177,15 +153,9 @@ void TextBox::OpenValue(Document document)
     m->history.Clear();
 }
 
-bool TextBox::CanUndo() const
-{
-    return m->history.CanUndo();
-}
+bool TextBox::CanUndo() const { return m->history.CanUndo(); }
 
-bool TextBox::CanRedo() const
-{
-    return m->history.CanRedo();
-}
+bool TextBox::CanRedo() const { return m->history.CanRedo(); }
 
 void TextBox::Undo()
 {
@@ -204,19 +174,10 @@ void TextBox::Redo()
     m->Show(std::move(later.document), later.selection);
 }
 
-void TextBox::ClearHistory()
-{
-    m->history.Clear();
-}
+void TextBox::ClearHistory() { m->history.Clear(); }
 
-void TextBox::BeginStep()
-{
-    m->history.Begin({m->document, m->selection});
-}
+void TextBox::BeginStep() { m->history.Begin({m->document, m->selection}); }
 
-void TextBox::EndStep()
-{
-    m->history.End(m->document);
-}
+void TextBox::EndStep() { m->history.End(m->document); }
 
 }  // namespace quillmarker

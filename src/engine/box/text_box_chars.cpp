@@ -33,20 +33,14 @@ std::optional<bool> TextBox::SelBold() const
     return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.bold; });
 }
 
-void TextBox::SetSelBold(int on)
-{
-    m->SetChars({.bold = on != 0});
-}
+void TextBox::SetSelBold(int on) { m->SetChars({.bold = on != 0}); }
 
 std::optional<bool> TextBox::SelItalic() const
 {
     return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.italic; });
 }
 
-void TextBox::SetSelItalic(int on)
-{
-    m->SetChars({.italic = on != 0});
-}
+void TextBox::SetSelItalic(int on) { m->SetChars({.italic = on != 0}); }
 
 std::optional<bool> TextBox::SelUnderline() const
 {
@@ -54,30 +48,21 @@ std::optional<bool> TextBox::SelUnderline() const
                      [](const CharFormat& f) { return f.underline != Underline::None; });
 }
 
-void TextBox::SetSelUnderline(int on)
-{
-    m->SetChars({.underline = on != 0 ? Underline::Single : Underline::None});
-}
+void TextBox::SetSelUnderline(int on) { m->SetChars({.underline = on != 0 ? Underline::Single : Underline::None}); }
 
 std::optional<bool> TextBox::SelStrikeThru() const
 {
     return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.strike; });
 }
 
-void TextBox::SetSelStrikeThru(int on)
-{
-    m->SetChars({.strike = on != 0});
-}
+void TextBox::SetSelStrikeThru(int on) { m->SetChars({.strike = on != 0}); }
 
 std::optional<bool> TextBox::SelProtected() const
 {
     return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.protectedText; });
 }
 
-void TextBox::SetSelProtected(int on)
-{
-    m->SetChars({.protectedText = on != 0});
-}
+void TextBox::SetSelProtected(int on) { m->SetChars({.protectedText = on != 0}); }
 
 std::optional<std::int32_t> TextBox::SelCharOffset() const
 {
@@ -100,7 +85,7 @@ void TextBox::SetSelFontName(std::u16string_view name)
     name.remove_prefix(std::min(name.find_first_not_of(u' '), name.size()));
     name = name.substr(0, std::min(name.find_last_not_of(u' ') + 1, kMaxName));
     std::u16string text(name);
-    std::erase_if(text, [](char16_t unit) { return unit < 0x20 || unit == u';'; });
+    std::erase_if(text, [](char16_t unit) { return unit < 0x20; });
     if (text.empty())
         return;
     const Name font(text);
@@ -137,19 +122,13 @@ std::optional<Colour> TextBox::SelColor() const
     return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.colour; });
 }
 
-void TextBox::SetSelColor(Colour colour)
-{
-    m->SetChars({.colour = colour});
-}
+void TextBox::SetSelColor(Colour colour) { m->SetChars({.colour = colour}); }
 
 PartialCharFormat TextBox::SelCharFormat() const
 {
     return m->selection.length == 0 ? AllOf(m->FormatToInsert()) : CharFormatOver(m->document, m->Range());
 }
 
-void TextBox::SetSelCharFormat(const PartialCharFormat& format)
-{
-    m->SetChars(format);
-}
+void TextBox::SetSelCharFormat(const PartialCharFormat& format) { m->SetChars(format); }
 
 }  // namespace quillmarker

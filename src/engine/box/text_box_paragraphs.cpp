@@ -11,20 +11,11 @@ namespace
 
 constexpr std::int32_t kMaxTwips = 4'000'000;
 
-Twips Within(std::int32_t twips)
-{
-    return {std::clamp(twips, -kMaxTwips, kMaxTwips)};
-}
+Twips Within(std::int32_t twips) { return {std::clamp(twips, -kMaxTwips, kMaxTwips)}; }
 
-Twips HangingOf(const ParagraphFormat& format)
-{
-    return -format.firstIndent;
-}
+Twips HangingOf(const ParagraphFormat& format) { return -format.firstIndent; }
 
-Twips IndentOf(const ParagraphFormat& format)
-{
-    return format.leftIndent + format.firstIndent;
-}
+Twips IndentOf(const ParagraphFormat& format) { return format.leftIndent + format.firstIndent; }
 
 /// The first line `indent` from the edge, the others `hanging` further.
 void SetIndents(ParagraphFormat& format, Twips indent, Twips hanging)
@@ -65,7 +56,8 @@ auto ParagraphValue(const Document& document, TextRange range, Project project)
 
 std::optional<int> TextBox::SelAlignment() const
 {
-    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return static_cast<int>(f.alignment); });
+    return ParagraphValue(m->document, m->Range(),
+                          [](const ParagraphFormat& f) { return static_cast<int>(f.alignment); });
 }
 
 void TextBox::SetSelAlignment(int alignment)
@@ -78,10 +70,7 @@ void TextBox::SetSelAlignment(int alignment)
     });
 }
 
-std::optional<bool> TextBox::SelBullet() const
-{
-    return ParagraphValue(m->document, m->Range(), IsBulleted);
-}
+std::optional<bool> TextBox::SelBullet() const { return ParagraphValue(m->document, m->Range(), IsBulleted); }
 
 void TextBox::SetSelBullet(int on)
 {
@@ -143,7 +132,8 @@ void TextBox::SetSelRightIndent(std::int32_t twips)
 
 std::optional<int> TextBox::SelTabCount() const
 {
-    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return static_cast<int>(TabsOf(f).size()); });
+    return ParagraphValue(m->document, m->Range(),
+                          [](const ParagraphFormat& f) { return static_cast<int>(TabsOf(f).size()); });
 }
 
 std::optional<std::int32_t> TextBox::SelTabs(int index) const
@@ -194,10 +184,7 @@ void TextBox::SetSelTabs(int index, std::int32_t twips)
     m->DraftTabs(std::move(tabs));
 }
 
-PartialParagraphFormat TextBox::SelParagraphFormat() const
-{
-    return ParagraphFormatOver(m->document, m->Range());
-}
+PartialParagraphFormat TextBox::SelParagraphFormat() const { return ParagraphFormatOver(m->document, m->Range()); }
 
 void TextBox::SetSelParagraphFormat(const PartialParagraphFormat& format)
 {
@@ -211,10 +198,7 @@ void TextBox::SetSelParagraphFormat(const PartialParagraphFormat& format)
     m->ChangeParagraphs([&](ParagraphFormat here) { return Patched(std::move(here), patch); });
 }
 
-std::int32_t TextBox::RightMargin() const
-{
-    return m->rightMargin;
-}
+std::int32_t TextBox::RightMargin() const { return m->rightMargin; }
 
 void TextBox::SetRightMargin(std::int32_t twips)
 {
@@ -222,10 +206,7 @@ void TextBox::SetRightMargin(std::int32_t twips)
         m->rightMargin = Within(twips).value;
 }
 
-std::int32_t TextBox::BulletIndent() const
-{
-    return m->bulletIndent;
-}
+std::int32_t TextBox::BulletIndent() const { return m->bulletIndent; }
 
 void TextBox::SetBulletIndent(std::int32_t twips)
 {
@@ -233,20 +214,11 @@ void TextBox::SetBulletIndent(std::int32_t twips)
         m->bulletIndent = Within(twips).value;
 }
 
-Colour TextBox::BackColor() const
-{
-    return m->backColour;
-}
+Colour TextBox::BackColor() const { return m->backColour; }
 
-void TextBox::SetBackColor(Colour colour)
-{
-    m->backColour = colour;
-}
+void TextBox::SetBackColor(Colour colour) { m->backColour = colour; }
 
-const BoxFont& TextBox::Font() const
-{
-    return m->font;
-}
+const BoxFont& TextBox::Font() const { return m->font; }
 
 void TextBox::SetFont(const BoxFont& font)
 {
@@ -258,24 +230,12 @@ void TextBox::SetFont(const BoxFont& font)
         m->document = Document(m->FormatOfFont());
 }
 
-std::int32_t TextBox::MaxLength() const
-{
-    return m->maxLength;
-}
+std::int32_t TextBox::MaxLength() const { return m->maxLength; }
 
-void TextBox::SetMaxLength(std::int32_t units)
-{
-    m->maxLength = std::max(units, 0);
-}
+void TextBox::SetMaxLength(std::int32_t units) { m->maxLength = std::max(units, 0); }
 
-bool TextBox::Locked() const
-{
-    return m->locked;
-}
+bool TextBox::Locked() const { return m->locked; }
 
-void TextBox::SetLocked(bool locked)
-{
-    m->locked = locked;
-}
+void TextBox::SetLocked(bool locked) { m->locked = locked; }
 
 }  // namespace quillmarker

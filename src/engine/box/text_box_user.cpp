@@ -11,15 +11,9 @@ namespace quillmarker
 namespace
 {
 
-bool IsLowSurrogate(char16_t unit)
-{
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
+bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-bool IsHighSurrogate(char16_t unit)
-{
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
+bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 
 bool HasProtected(const Document& document, TextRange range)
 {
@@ -78,7 +72,8 @@ std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text) co
     while (fits > 0 && LengthInDocument(text.substr(0, fits)) > room)
         fits = std::min(fits - 1, static_cast<std::size_t>(room));
     const bool cutsLineEnd = fits > 0 && fits < text.size() && text[fits - 1] == u'\r' && text[fits] == u'\n';
-    const bool cutsPair = fits > 0 && fits < text.size() && IsHighSurrogate(text[fits - 1]) && IsLowSurrogate(text[fits]);
+    const bool cutsPair =
+        fits > 0 && fits < text.size() && IsHighSurrogate(text[fits - 1]) && IsLowSurrogate(text[fits]);
     return text.substr(0, cutsLineEnd || cutsPair ? fits - 1 : fits);
 }
 
@@ -154,21 +149,29 @@ bool TextBox::PasteRTF(std::u16string_view rtf)
 
 void TextBox::Span(std::u16string_view characters, SpanDirection direction, CharacterSet set)
 {
-    const auto isIn = [&](char16_t unit) { return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed); };
+    const auto isIn = [&](char16_t unit) {
+        return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed);
+    };
     const std::u16string text = Text();
     std::int32_t begin = m->selection.start;
     std::int32_t end = begin + m->selection.length;
     if (direction == SpanDirection::Forward)
-        for (; end < TextLength() && isIn(text[static_cast<std::size_t>(end)]); ++end) {}
+        for (; end < TextLength() && isIn(text[static_cast<std::size_t>(end)]); ++end)
+        {
+        }
     else
-        for (; begin > 0 && isIn(text[static_cast<std::size_t>(begin) - 1]); --begin) {}
+        for (; begin > 0 && isIn(text[static_cast<std::size_t>(begin) - 1]); --begin)
+        {
+        }
     const TextRange range = Snapped(m->document, {{begin}, {end}});
     m->Select({range.begin.value, range.Length()});
 }
 
 void TextBox::UpTo(std::u16string_view characters, SpanDirection direction, CharacterSet set)
 {
-    const auto isIn = [&](char16_t unit) { return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed); };
+    const auto isIn = [&](char16_t unit) {
+        return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed);
+    };
     const std::u16string text = Text();
     const bool forward = direction == SpanDirection::Forward;
     std::int32_t at = forward ? m->selection.start + m->selection.length : m->selection.start;

@@ -45,10 +45,7 @@ void UndoHistory::CloseBracket(const Document& now)
         Push(*begin);
 }
 
-bool UndoHistory::CanUndo() const
-{
-    return !m_undo.empty() || m_bracket.has_value();
-}
+bool UndoHistory::CanUndo() const { return !m_undo.empty() || m_bracket.has_value(); }
 
 Moment UndoHistory::Undo(const Moment& now)
 {

@@ -95,9 +95,11 @@ private:
             for (; rightDone < rightFrom; ++rightDone)
                 rightStart += Weight(right[rightDone]);
             if (leftFrom < leftTo || rightFrom < rightTo)
-                deeper(std::vector<Item>(left.begin() + std::ptrdiff_t(leftFrom), left.begin() + std::ptrdiff_t(leftTo)),
-                       std::vector<Item>(right.begin() + std::ptrdiff_t(rightFrom), right.begin() + std::ptrdiff_t(rightTo)),
-                       leftStart, rightStart);
+                deeper(
+                    std::vector<Item>(left.begin() + std::ptrdiff_t(leftFrom), left.begin() + std::ptrdiff_t(leftTo)),
+                    std::vector<Item>(right.begin() + std::ptrdiff_t(rightFrom),
+                                      right.begin() + std::ptrdiff_t(rightTo)),
+                    leftStart, rightStart);
         });
     }
 

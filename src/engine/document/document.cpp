@@ -11,10 +11,7 @@ namespace quillmarker
 namespace
 {
 
-const ParagraphTree& TreeOf(const Body& body)
-{
-    return body.Content()->tree;
-}
+const ParagraphTree& TreeOf(const Body& body) { return body.Content()->tree; }
 
 }  // namespace
 
@@ -48,20 +45,11 @@ std::int32_t Document::Size() const
     return static_cast<std::int32_t>(tree.Total().units) - MarkLength(last.Ending().kind);
 }
 
-std::int32_t Document::ParagraphCount() const
-{
-    return TreeOf(m_body).Count();
-}
+std::int32_t Document::ParagraphCount() const { return TreeOf(m_body).Count(); }
 
-const Paragraph& Document::ParagraphAt(std::int32_t index) const
-{
-    return *TreeOf(m_body).At(index);
-}
+const Paragraph& Document::ParagraphAt(std::int32_t index) const { return *TreeOf(m_body).At(index); }
 
-ParagraphRef Document::SharedParagraphAt(std::int32_t index) const
-{
-    return TreeOf(m_body).At(index);
-}
+ParagraphRef Document::SharedParagraphAt(std::int32_t index) const { return TreeOf(m_body).At(index); }
 
 Position Document::StartOf(std::int32_t paragraph) const
 {
@@ -91,10 +79,7 @@ std::int32_t Document::RowMarkOf(std::int32_t paragraph) const
     return found >= 0 && ParagraphAt(found).Ending().tableDepth == depth ? found : -1;
 }
 
-std::u16string Document::Text() const
-{
-    return Text({{0}, {Size()}});
-}
+std::u16string Document::Text() const { return Text({{0}, {Size()}}); }
 
 std::u16string Document::Text(TextRange range) const
 {
@@ -123,13 +108,11 @@ const DocumentFormat& Document::Properties() const
 
 Document Document::WithProperties(DocumentFormat properties) const
 {
-    return {m_body, m_formats, properties == DocumentFormat() ? Shared<DocumentFormat>() : Shared(std::move(properties))};
+    return {m_body, m_formats,
+            properties == DocumentFormat() ? Shared<DocumentFormat>() : Shared(std::move(properties))};
 }
 
-Document Document::Detached() const
-{
-    return {m_body, std::make_shared<FormatTable>(*m_formats), m_properties};
-}
+Document Document::Detached() const { return {m_body, std::make_shared<FormatTable>(*m_formats), m_properties}; }
 
 bool Document::IsSameAs(const Document& other) const
 {

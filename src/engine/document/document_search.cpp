@@ -12,10 +12,7 @@ namespace quillmarker
 namespace
 {
 
-bool IsWordUnit(char16_t unit)
-{
-    return unit == u'_' || u_isalnum(unit) || U_IS_SURROGATE(unit);
-}
+bool IsWordUnit(char16_t unit) { return unit == u'_' || u_isalnum(unit) || U_IS_SURROGATE(unit); }
 
 /// The scanned text of a paragraph: its own memory, or `copy` when objects have to be seen as blanks.
 std::u16string_view Scanned(const Paragraph& paragraph, std::u16string& copy)

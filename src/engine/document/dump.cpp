@@ -10,7 +10,8 @@ namespace quillmarker
 namespace
 {
 
-constexpr std::array kHeaderNames = {"header", "header-left", "header-right", "header-first", "footer", "footer-left", "footer-right", "footer-first"};
+constexpr std::array kHeaderNames = {"header", "header-left", "header-right", "header-first",
+                                     "footer", "footer-left", "footer-right", "footer-first"};
 constexpr std::array kPictureNames = {"png", "jpeg", "emf", "wmf", "dib", "ddb", "mac", "other"};
 constexpr std::array kNoteNames = {"footnote", "endnote", "annotation"};
 
@@ -122,9 +123,6 @@ private:
 
 }  // namespace
 
-std::string Dump(const Document& document)
-{
-    return Dumping(document).All();
-}
+std::string Dump(const Document& document) { return Dumping(document).All(); }
 
 }  // namespace quillmarker

@@ -12,14 +12,10 @@ namespace quillmarker
 namespace
 {
 
-std::string Number(long long value)
-{
-    return std::to_string(value);
-}
+std::string Number(long long value) { return std::to_string(value); }
 
 template <class T>
-    requires(std::is_arithmetic_v<T> || std::is_enum_v<T>)
-std::string Value(T value)
+requires(std::is_arithmetic_v<T> || std::is_enum_v<T>) std::string Value(T value)
 {
     return Number(static_cast<long long>(value));
 }
@@ -63,7 +59,8 @@ std::string Value(const std::vector<TabStop>& tabs)
 
 std::string Value(const Numbering& n)
 {
-    constexpr std::array kKinds = {"none", "bullet", "decimal", "lower-letter", "upper-letter", "lower-roman", "upper-roman", "ordinal", "cardinal-text", "ordinal-text"};
+    constexpr std::array kKinds = {"none",        "bullet",      "decimal", "lower-letter",  "upper-letter",
+                                   "lower-roman", "upper-roman", "ordinal", "cardinal-text", "ordinal-text"};
     std::string text = std::string("{") + kKinds[static_cast<std::size_t>(n.kind)] + " " + Quoted(n.text);
     text += " start=" + Number(n.start) + " level=" + Number(n.level) + " list=" + Number(n.list);
     text += " indent=" + Value(n.indent);
@@ -78,7 +75,8 @@ std::string Value(const Numbering& n)
 
 std::string Value(const Border& border)
 {
-    return Number(static_cast<int>(border.style)) + "/" + Value(border.width) + "/" + Value(border.space) + "/" + Value(border.colour);
+    return Number(static_cast<int>(border.style)) + "/" + Value(border.width) + "/" + Value(border.space) + "/" +
+           Value(border.colour);
 }
 
 std::string Value(const Borders& borders)
@@ -121,7 +119,8 @@ std::string DumpFields(const Format& format, const Fields& fields)
 {
     const Format usual{};
     std::string out;
-    std::apply([&](const auto&... field) { (Put(out, field.name, format.*field.full, usual.*field.full), ...); }, fields);
+    std::apply([&](const auto&... field) { (Put(out, field.name, format.*field.full, usual.*field.full), ...); },
+               fields);
     return out;
 }
 

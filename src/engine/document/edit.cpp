@@ -156,7 +156,8 @@ Document Slice(const Document& document, TextRange range)
 std::int32_t LengthInDocument(std::u16string_view text)
 {
     std::size_t length = 0;
-    ForEachLine(text, [&](std::u16string_view piece) { length += piece.size(); }, [&] { length += 2; });
+    ForEachLine(
+        text, [&](std::u16string_view piece) { length += piece.size(); }, [&] { length += 2; });
     return static_cast<std::int32_t>(std::min<std::size_t>(length, std::numeric_limits<std::int32_t>::max()));
 }
 

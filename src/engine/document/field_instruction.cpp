@@ -27,7 +27,8 @@ std::u16string TakeWord(std::u16string_view& text)
 
 std::u16string Upper(std::u16string text)
 {
-    std::ranges::transform(text, text.begin(), [](char16_t c) { return c >= u'a' && c <= u'z' ? char16_t(c - 32) : c; });
+    std::ranges::transform(text, text.begin(),
+                           [](char16_t c) { return c >= u'a' && c <= u'z' ? char16_t(c - 32) : c; });
     return text;
 }
 

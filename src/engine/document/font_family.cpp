@@ -17,17 +17,26 @@ struct KnownFont
 };
 
 constexpr std::array kKnownFonts = {
-    KnownFont{u"arial", FontFamily::Swiss},           KnownFont{u"arial narrow", FontFamily::Swiss},
-    KnownFont{u"calibri", FontFamily::Swiss},         KnownFont{u"cambria", FontFamily::Roman},
-    KnownFont{u"consolas", FontFamily::Modern},       KnownFont{u"courier new", FontFamily::Modern},
-    KnownFont{u"dejavu sans", FontFamily::Swiss},     KnownFont{u"dejavu serif", FontFamily::Roman},
-    KnownFont{u"georgia", FontFamily::Roman},         KnownFont{u"helvetica", FontFamily::Swiss},
-    KnownFont{u"liberation mono", FontFamily::Modern}, KnownFont{u"liberation sans", FontFamily::Swiss},
-    KnownFont{u"liberation serif", FontFamily::Roman}, KnownFont{u"tahoma", FontFamily::Swiss},
-    KnownFont{u"times new roman", FontFamily::Roman}, KnownFont{u"verdana", FontFamily::Swiss},
+    KnownFont{u"arial", FontFamily::Swiss},
+    KnownFont{u"arial narrow", FontFamily::Swiss},
+    KnownFont{u"calibri", FontFamily::Swiss},
+    KnownFont{u"cambria", FontFamily::Roman},
+    KnownFont{u"consolas", FontFamily::Modern},
+    KnownFont{u"courier new", FontFamily::Modern},
+    KnownFont{u"dejavu sans", FontFamily::Swiss},
+    KnownFont{u"dejavu serif", FontFamily::Roman},
+    KnownFont{u"georgia", FontFamily::Roman},
+    KnownFont{u"helvetica", FontFamily::Swiss},
+    KnownFont{u"liberation mono", FontFamily::Modern},
+    KnownFont{u"liberation sans", FontFamily::Swiss},
+    KnownFont{u"liberation serif", FontFamily::Roman},
+    KnownFont{u"tahoma", FontFamily::Swiss},
+    KnownFont{u"times new roman", FontFamily::Roman},
+    KnownFont{u"verdana", FontFamily::Swiss},
 };
 
-constexpr std::array<std::u16string_view, 5> kSymbolFonts = {u"symbol", u"webdings", u"wingdings", u"wingdings 2", u"wingdings 3"};
+constexpr std::array<std::u16string_view, 5> kSymbolFonts = {u"symbol", u"webdings", u"wingdings", u"wingdings 2",
+                                                             u"wingdings 3"};
 
 }  // namespace
 

@@ -136,8 +136,8 @@ Document Reformatted(const Document& document, ParagraphSpan span, Reformat refo
     });
     if (!changed)
         return document;
-    return document.WithBody(Body(std::make_shared<BodyContent>(
-        BodyContent{tree.Replaced(span.first, span.last + 1, paragraphs)})));
+    return document.WithBody(
+        Body(std::make_shared<BodyContent>(BodyContent{tree.Replaced(span.first, span.last + 1, paragraphs)})));
 }
 
 /// The runs of a paragraph with `map` applied from `begin` to `end`.
@@ -177,10 +177,7 @@ ParagraphFormat Patched(ParagraphFormat format, const PartialParagraphFormat& pa
     return PatchedBy(std::move(format), patch, kParagraphFields);
 }
 
-PartialCharFormat AllOf(const CharFormat& format)
-{
-    return Stating<PartialCharFormat>(format, kCharFields);
-}
+PartialCharFormat AllOf(const CharFormat& format) { return Stating<PartialCharFormat>(format, kCharFields); }
 
 void VisitCharFormats(const Document& document, TextRange range, const std::function<void(const CharFormat&)>& visit)
 {
@@ -245,20 +242,22 @@ Document WithCharFormats(const Document& document, TextRange range, const CharFo
     const Location begin = document.Locate(range.begin);
     const Location end = document.Locate(range.end);
     // The last mark takes no room in the text, so it follows when all of its paragraph does.
-    const bool reachesLastMark = range.end.value == document.Size() && (begin.paragraph < end.paragraph || begin.offset == 0);
-    return Reformatted(document, {begin.paragraph, end.paragraph}, [&](const ParagraphRef& paragraph, std::int32_t index) {
-        const auto length = static_cast<std::uint32_t>(paragraph->Text().size());
-        const std::uint32_t from = index == begin.paragraph ? static_cast<std::uint32_t>(begin.offset) : 0;
-        const bool toMark = index < end.paragraph || reachesLastMark;
-        const std::uint32_t to = index < end.paragraph ? length : static_cast<std::uint32_t>(end.offset);
-        const std::vector<Run> runs = MappedRuns(*paragraph, from, to, map);
-        ParagraphMark mark = paragraph->Ending();
-        if (toMark)
-            mark.charFormat = map(mark.charFormat);
-        if (mark == paragraph->Ending() && std::ranges::equal(runs, paragraph->Runs()))
-            return paragraph;
-        return Paragraph::Make(paragraph->Text(), runs, mark, paragraph->Extras());
-    });
+    const bool reachesLastMark =
+        range.end.value == document.Size() && (begin.paragraph < end.paragraph || begin.offset == 0);
+    return Reformatted(
+        document, {begin.paragraph, end.paragraph}, [&](const ParagraphRef& paragraph, std::int32_t index) {
+            const auto length = static_cast<std::uint32_t>(paragraph->Text().size());
+            const std::uint32_t from = index == begin.paragraph ? static_cast<std::uint32_t>(begin.offset) : 0;
+            const bool toMark = index < end.paragraph || reachesLastMark;
+            const std::uint32_t to = index < end.paragraph ? length : static_cast<std::uint32_t>(end.offset);
+            const std::vector<Run> runs = MappedRuns(*paragraph, from, to, map);
+            ParagraphMark mark = paragraph->Ending();
+            if (toMark)
+                mark.charFormat = map(mark.charFormat);
+            if (mark == paragraph->Ending() && std::ranges::equal(runs, paragraph->Runs()))
+                return paragraph;
+            return Paragraph::Make(paragraph->Text(), runs, mark, paragraph->Extras());
+        });
 }
 
 Document WithParagraphFormats(const Document& document, TextRange range, const ParagraphFormatChange& change)
@@ -280,7 +279,8 @@ Document WithCharFormat(const Document& document, TextRange range, const Partial
 
 Document WithParagraphFormat(const Document& document, TextRange range, const PartialParagraphFormat& patch)
 {
-    return WithParagraphFormats(document, range, [&](ParagraphFormat format) { return Patched(std::move(format), patch); });
+    return WithParagraphFormats(document, range,
+                                [&](ParagraphFormat format) { return Patched(std::move(format), patch); });
 }
 
 }  // namespace quillmarker

@@ -61,12 +61,18 @@ std::u16string NumberText(NumberKind kind, std::int32_t number)
     switch (kind)
     {
     case NumberKind::None:
-    case NumberKind::Bullet: return {};
-    case NumberKind::UpperLetter: return hasLetters ? Letters(number) : DecimalText(number);
-    case NumberKind::LowerLetter: return hasLetters ? Lower(Letters(number)) : DecimalText(number);
-    case NumberKind::UpperRoman: return hasRoman ? Roman(number) : DecimalText(number);
-    case NumberKind::LowerRoman: return hasRoman ? Lower(Roman(number)) : DecimalText(number);
-    default: return DecimalText(number);
+    case NumberKind::Bullet:
+        return {};
+    case NumberKind::UpperLetter:
+        return hasLetters ? Letters(number) : DecimalText(number);
+    case NumberKind::LowerLetter:
+        return hasLetters ? Lower(Letters(number)) : DecimalText(number);
+    case NumberKind::UpperRoman:
+        return hasRoman ? Roman(number) : DecimalText(number);
+    case NumberKind::LowerRoman:
+        return hasRoman ? Lower(Roman(number)) : DecimalText(number);
+    default:
+        return DecimalText(number);
     }
 }
 
@@ -81,7 +87,8 @@ std::u16string NumberCounter::Next(const Numbering* numbering)
     const auto at = static_cast<std::size_t>(std::clamp(numbering->level, 0, 8));
     Level& level = levels[at];
     const bool continues = level.isRunning && level.kind == numbering->kind;
-    level = {true, continues ? level.number + (level.number < 1'000'000'000 ? 1 : 0) : numbering->start, numbering->kind};
+    level = {true, continues ? level.number + (level.number < 1'000'000'000 ? 1 : 0) : numbering->start,
+             numbering->kind};
     for (std::size_t deeper = at + 1; deeper < kLevels; ++deeper)
         levels[deeper] = {};
     if (numbering->kind == NumberKind::Bullet || numbering->kind == NumberKind::None)

@@ -58,10 +58,7 @@ void ParagraphBuilder::Append(const Paragraph& from, std::uint32_t begin, std::u
     }
 }
 
-ParagraphRef ParagraphBuilder::Finish(const ParagraphMark& mark)
-{
-    return Finish(mark, {}, {});
-}
+ParagraphRef ParagraphBuilder::Finish(const ParagraphMark& mark) { return Finish(mark, {}, {}); }
 
 ParagraphRef ParagraphBuilder::Finish(const ParagraphMark& mark, Shared<TableRow> row, Shared<Section> section)
 {

@@ -46,7 +46,8 @@ public:
         Section left = a;
         Section right = b;
         left.headers = right.headers = {};
-        return left == right && std::ranges::equal(a.headers, b.headers, [&](const Body& x, const Body& y) { return Same(x, y); });
+        return left == right &&
+               std::ranges::equal(a.headers, b.headers, [&](const Body& x, const Body& y) { return Same(x, y); });
     }
 
 private:
@@ -58,7 +59,9 @@ private:
         const ParagraphMark& right = b.Ending();
         return a.Text() == b.Text() && left.kind == right.kind && left.tableDepth == right.tableDepth &&
                Same(left.charFormat, right.charFormat) && Same(left.format, right.format) &&
-               std::ranges::equal(a.Runs(), b.Runs(), [&](const Run& x, const Run& y) { return x.end == y.end && Same(x.format, y.format); }) &&
+               std::ranges::equal(
+                   a.Runs(), b.Runs(),
+                   [&](const Run& x, const Run& y) { return x.end == y.end && Same(x.format, y.format); }) &&
                Same(a.Extras(), b.Extras());
     }
 

@@ -36,10 +36,7 @@ void ResetSection(Reader& reader, const Keyword&, const Parameter&)
     reader.SectionNow() = fresh;
 }
 
-void SectionEnd(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.EndSection();
-}
+void SectionEnd(Reader& reader, const Keyword&, const Parameter&) { reader.EndSection(); }
 
 void SetLandscape(Reader& reader, const Keyword&, const Parameter& parameter)
 {

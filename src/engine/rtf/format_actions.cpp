@@ -74,15 +74,9 @@ void SetWidth(Reader& reader, const Keyword&, const Parameter& parameter)
     reader.Chars().widthPercent = static_cast<std::uint16_t>(percent == 100 ? 0 : percent);
 }
 
-void ResetCharacters(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.ResetChars();
-}
+void ResetCharacters(Reader& reader, const Keyword&, const Parameter&) { reader.ResetChars(); }
 
-void ResetParagraphWord(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.ResetParagraph();
-}
+void ResetParagraphWord(Reader& reader, const Keyword&, const Parameter&) { reader.ResetParagraph(); }
 
 void SetLineDistance(Reader& reader, const Keyword&, const Parameter& parameter)
 {
@@ -182,9 +176,12 @@ void ChangeBorder(Reader& reader, const std::function<void(Border&)>& change)
     const BorderReading target = reader.BorderTarget();
     switch (target.owner)
     {
-    case BorderOwner::None: return;
-    case BorderOwner::Row: return ChangeSides(reader.Table().row.borders, target, change);
-    case BorderOwner::Cell: return ChangeSides(reader.Table().cell.borders, target, change);
+    case BorderOwner::None:
+        return;
+    case BorderOwner::Row:
+        return ChangeSides(reader.Table().row.borders, target, change);
+    case BorderOwner::Cell:
+        return ChangeSides(reader.Table().cell.borders, target, change);
     case BorderOwner::Paragraph:
     {
         Shared<Borders>& borders = reader.ParagraphProperties().borders;
@@ -200,10 +197,7 @@ void BorderBox(Reader& reader, const Keyword&, const Parameter&)
     reader.BorderTarget() = {BorderOwner::Paragraph, BorderSide::Top, true};
 }
 
-void BorderElsewhere(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BorderTarget() = {};
-}
+void BorderElsewhere(Reader& reader, const Keyword&, const Parameter&) { reader.BorderTarget() = {}; }
 
 void BorderColour(Reader& reader, const Keyword&, const Parameter& parameter)
 {

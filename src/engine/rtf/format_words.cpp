@@ -9,9 +9,9 @@ namespace quillmarker
 namespace
 {
 
-constexpr std::array kUnderlineWords = {"ulnone",   "ul",        "ulw",        "uldb",     "uld",       "uldash",  "uldashd",
-                                        "uldashdd", "ulth",      "ulthd",      "ulthdash", "ulthdashd", "ulthdashdd",
-                                        "ulldash",  "ulthldash", "ulwave",     "ulhwave",  "ululdbwave", "ulhair"};
+constexpr std::array kUnderlineWords = {
+    "ulnone",   "ul",        "ulw",        "uldb",    "uld",       "uldash", "uldashd", "uldashdd",   "ulth",  "ulthd",
+    "ulthdash", "ulthdashd", "ulthdashdd", "ulldash", "ulthldash", "ulwave", "ulhwave", "ululdbwave", "ulhair"};
 constexpr std::array kScriptWords = {"nosupersub", "super", "sub"};
 
 struct FlagWord
@@ -21,12 +21,18 @@ struct FlagWord
 };
 
 constexpr std::array kFlagWords = {
-    FlagWord{&CharFormat::bold, "b"},           FlagWord{&CharFormat::italic, "i"},
-    FlagWord{&CharFormat::strike, "strike"},    FlagWord{&CharFormat::doubleStrike, "striked"},
-    FlagWord{&CharFormat::caps, "caps"},        FlagWord{&CharFormat::smallCaps, "scaps"},
-    FlagWord{&CharFormat::outline, "outl"},     FlagWord{&CharFormat::shadow, "shad"},
-    FlagWord{&CharFormat::emboss, "embo"},      FlagWord{&CharFormat::engrave, "impr"},
-    FlagWord{&CharFormat::protectedText, "protect"}, FlagWord{&CharFormat::hidden, "v"},
+    FlagWord{&CharFormat::bold, "b"},
+    FlagWord{&CharFormat::italic, "i"},
+    FlagWord{&CharFormat::strike, "strike"},
+    FlagWord{&CharFormat::doubleStrike, "striked"},
+    FlagWord{&CharFormat::caps, "caps"},
+    FlagWord{&CharFormat::smallCaps, "scaps"},
+    FlagWord{&CharFormat::outline, "outl"},
+    FlagWord{&CharFormat::shadow, "shad"},
+    FlagWord{&CharFormat::emboss, "embo"},
+    FlagWord{&CharFormat::engrave, "impr"},
+    FlagWord{&CharFormat::protectedText, "protect"},
+    FlagWord{&CharFormat::hidden, "v"},
 };
 
 struct ColourWord

@@ -27,15 +27,9 @@ void SetObjectKind(Reader& reader, const Keyword& keyword, const Parameter&)
         reader.ObjectNow()->object.kind = keyword.name;
 }
 
-void BeginPicture(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginPicture();
-}
+void BeginPicture(Reader& reader, const Keyword&, const Parameter&) { reader.BeginPicture(); }
 
-void BeginObjectWord(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginObject();
-}
+void BeginObjectWord(Reader& reader, const Keyword&, const Parameter&) { reader.BeginObject(); }
 
 void BeginObjectResult(Reader& reader, const Keyword&, const Parameter&)
 {
@@ -43,64 +37,31 @@ void BeginObjectResult(Reader& reader, const Keyword&, const Parameter&)
         reader.BeginStory(Destination::ObjectResult);
 }
 
-void BeginTextBox(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginTextBox();
-}
+void BeginTextBox(Reader& reader, const Keyword&, const Parameter&) { reader.BeginTextBox(); }
 
-void BeginFieldWord(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginField();
-}
+void BeginFieldWord(Reader& reader, const Keyword&, const Parameter&) { reader.BeginField(); }
 
-void BeginFieldResultWord(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginFieldResult();
-}
+void BeginFieldResultWord(Reader& reader, const Keyword&, const Parameter&) { reader.BeginFieldResult(); }
 
-void BeginFootnote(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginNote(NoteKind::Footnote);
-}
+void BeginFootnote(Reader& reader, const Keyword&, const Parameter&) { reader.BeginNote(NoteKind::Footnote); }
 
-void BeginAnnotation(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginNote(NoteKind::Annotation);
-}
+void BeginAnnotation(Reader& reader, const Keyword&, const Parameter&) { reader.BeginNote(NoteKind::Annotation); }
 
-void SetEndnote(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.MakeNoteEndnote();
-}
+void SetEndnote(Reader& reader, const Keyword&, const Parameter&) { reader.MakeNoteEndnote(); }
 
-void NestedRowGroup(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginNestedRow();
-}
+void NestedRowGroup(Reader& reader, const Keyword&, const Parameter&) { reader.BeginNestedRow(); }
 
-void ReadUnicodeForm(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.SkipAlternative();
-}
+void ReadUnicodeForm(Reader& reader, const Keyword&, const Parameter&) { reader.SkipAlternative(); }
 
-void EndParagraphWord(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.EndParagraph(Mark::Break);
-}
+void EndParagraphWord(Reader& reader, const Keyword&, const Parameter&) { reader.EndParagraph(Mark::Break); }
 
-void PutUnicodeWord(Reader& reader, const Keyword&, const Parameter& parameter)
-{
-    reader.PutUnicode(parameter.value);
-}
+void PutUnicodeWord(Reader& reader, const Keyword&, const Parameter& parameter) { reader.PutUnicode(parameter.value); }
 
 void SetUnicodeSkip(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     reader.ChangeState().unicodeSkip = std::max(parameter.value, 0);
 }
 
-void PutPageNumber(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.PutPageNumber();
-}
+void PutPageNumber(Reader& reader, const Keyword&, const Parameter&) { reader.PutPageNumber(); }
 
 }  // namespace quillmarker

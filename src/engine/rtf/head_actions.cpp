@@ -103,10 +103,7 @@ void BeginOverrideLevel(Reader& reader, const Keyword&, const Parameter&)
         reader.Lists().BeginOverrideLevel();
 }
 
-void BeginNumbering(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.BeginNumbering();
-}
+void BeginNumbering(Reader& reader, const Keyword&, const Parameter&) { reader.BeginNumbering(); }
 
 void SetNumberLevel(Reader& reader, const Keyword&, const Parameter& parameter)
 {
@@ -119,10 +116,7 @@ void SetNumberBody(Reader& reader, const Keyword&, const Parameter&)
     reader.NumberingNow().numbering.kind = NumberKind::Decimal;
 }
 
-void SetNumberContinues(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.NumberingNow().continues = true;
-}
+void SetNumberContinues(Reader& reader, const Keyword&, const Parameter&) { reader.NumberingNow().continues = true; }
 
 void SetNumberStart(Reader& reader, const Keyword&, const Parameter& parameter)
 {

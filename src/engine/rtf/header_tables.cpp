@@ -80,7 +80,8 @@ std::int32_t FontTable::IndexOf(std::u16string_view name) const
     // Asked for by fields, any number of them: a table longer than files have is not searched to its end.
     constexpr std::size_t kSearched = 256;
     const auto end = m_fonts.begin() + static_cast<std::ptrdiff_t>(std::min(m_fonts.size(), kSearched));
-    const auto found = std::find_if(m_fonts.begin(), end, [&](const FontEntry& font) { return font.name.Text() == name; });
+    const auto found =
+        std::find_if(m_fonts.begin(), end, [&](const FontEntry& font) { return font.name.Text() == name; });
     return found == end ? -1 : static_cast<std::int32_t>(found - m_fonts.begin());
 }
 
@@ -115,7 +116,9 @@ void StyleSheet::EndEntry()
 {
     m_name.resize(std::min(m_name.size(), kMaxNameLength));
     Name name(Trimmed(std::exchange(m_name, {})));
-    Names* names = m_kind == StyleKind::Paragraph ? &m_paragraph : m_kind == StyleKind::Character ? &m_character : nullptr;
+    Names* names = m_kind == StyleKind::Paragraph   ? &m_paragraph
+                   : m_kind == StyleKind::Character ? &m_character
+                                                    : nullptr;
     // Style 0 is what text has when no style is said, so its name says nothing.
     if (names && m_number != 0 && !name.IsEmpty() && names->size() < kMaxStyles)
         names->insert_or_assign(m_number, std::move(name));
@@ -135,10 +138,7 @@ void ListTable::BeginLevel()
         m_levels.emplace_back().numbering.level = static_cast<std::int32_t>(m_levels.size()) - 1;
 }
 
-ListLevel* ListTable::Level()
-{
-    return m_levels.empty() ? nullptr : &m_levels.back();
-}
+ListLevel* ListTable::Level() { return m_levels.empty() ? nullptr : &m_levels.back(); }
 
 void ListTable::EndList(std::int32_t id)
 {

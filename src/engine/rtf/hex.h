@@ -18,9 +18,6 @@ inline constexpr auto kHexValues = [] {
 }();
 
 /// The value of a hexadecimal digit; -1 for any other character.
-constexpr int HexValue(char c)
-{
-    return kHexValues[static_cast<unsigned char>(c)];
-}
+constexpr int HexValue(char c) { return kHexValues[static_cast<unsigned char>(c)]; }
 
 }  // namespace quillmarker

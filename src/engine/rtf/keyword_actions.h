@@ -203,7 +203,6 @@ void AlignAs(Reader& reader, const Keyword&, const Parameter&)
     reader.ParagraphProperties().alignment = alignment;
 }
 
-
 template <TabKind kind>
 void TabKindAs(Reader& reader, const Keyword&, const Parameter&)
 {
@@ -237,7 +236,6 @@ void BorderLength(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     ChangeBorder(reader, [&](Border& border) { border.*field = Length(parameter.value); });
 }
-
 
 template <std::int32_t Shading::*field>
 void ParagraphShade(Reader& reader, const Keyword&, const Parameter& parameter)
@@ -426,10 +424,7 @@ void EnterWithin(Reader& reader, const Keyword&, const Parameter&)
         reader.SkipGroup();
 }
 
-inline void Skip(Reader& reader, const Keyword&, const Parameter&)
-{
-    reader.SkipGroup();
-}
+inline void Skip(Reader& reader, const Keyword&, const Parameter&) { reader.SkipGroup(); }
 
 /// A known word without an effect here; without a row of its own, a starred group it begins would be skipped.
 inline void Ignore(Reader&, const Keyword&, const Parameter&) {}

@@ -584,10 +584,7 @@ constexpr auto kByLetter = [] {
 
 }  // namespace
 
-std::span<const Keyword> Keywords()
-{
-    return kKeywords;
-}
+std::span<const Keyword> Keywords() { return kKeywords; }
 
 const Keyword* FindKeyword(std::string_view name)
 {
@@ -596,7 +593,8 @@ const Keyword* FindKeyword(std::string_view name)
     const auto letter = static_cast<std::size_t>(name[0] - 'a');
     const Keyword* begin = kKeywords + kByLetter[letter];
     const Keyword* end = kKeywords + kByLetter[letter + 1];
-    const Keyword* found = std::lower_bound(begin, end, name, [](const Keyword& word, std::string_view key) { return word.name < key; });
+    const Keyword* found =
+        std::lower_bound(begin, end, name, [](const Keyword& word, std::string_view key) { return word.name < key; });
     return found != end && found->name == name ? found : nullptr;
 }
 

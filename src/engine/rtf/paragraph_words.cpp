@@ -14,10 +14,10 @@ constexpr std::array kLeaderWords = {"", "tldot", "tlmdot", "tlhyph", "tlul", "t
 constexpr std::array kNumberWords = {"",       "pnlvlblt", "pndec", "pnlcltr", "pnucltr",
                                      "pnlcrm", "pnucrm",   "pnord", "pncard",  "pnordt"};
 constexpr std::array kNumberAlignWords = {"pnql", "pnqc", "pnqr"};
-constexpr std::array kBorderWords = {"brdrnone",  "brdrs",      "brdrth",    "brdrdb",       "brdrdot",
-                                     "brdrdash",  "brdrhair",   "brdrdashsm", "brdrdashd",   "brdrdashdd",
-                                     "brdrtriple", "brdrsh",    "brdrwavy",  "brdrwavydb",   "brdrdashdotstr",
-                                     "brdremboss", "brdrengrave", "brdrinset", "brdroutset"};
+constexpr std::array kBorderWords = {"brdrnone",   "brdrs",       "brdrth",     "brdrdb",     "brdrdot",
+                                     "brdrdash",   "brdrhair",    "brdrdashsm", "brdrdashd",  "brdrdashdd",
+                                     "brdrtriple", "brdrsh",      "brdrwavy",   "brdrwavydb", "brdrdashdotstr",
+                                     "brdremboss", "brdrengrave", "brdrinset",  "brdroutset"};
 constexpr std::array kParagraphSides = {"brdrt", "brdrl", "brdrb", "brdrr", "brdrbtw", "brdrbar"};
 constexpr std::array kRowSides = {"trbrdrt", "trbrdrl", "trbrdrb", "trbrdrr", "trbrdrh", "trbrdrv"};
 constexpr std::array kCellSides = {"clbrdrt", "clbrdrl", "clbrdrb", "clbrdrr"};
@@ -41,9 +41,12 @@ struct FlagWord
 };
 
 constexpr std::array kFlagWords = {
-    FlagWord{&ParagraphFormat::keepLines, "keep"},         FlagWord{&ParagraphFormat::keepWithNext, "keepn"},
-    FlagWord{&ParagraphFormat::pageBreakBefore, "pagebb"}, FlagWord{&ParagraphFormat::widowControl, "widctlpar"},
-    FlagWord{&ParagraphFormat::rightToLeft, "rtlpar"},     FlagWord{&ParagraphFormat::contextualSpacing, "contextualspace"},
+    FlagWord{&ParagraphFormat::keepLines, "keep"},
+    FlagWord{&ParagraphFormat::keepWithNext, "keepn"},
+    FlagWord{&ParagraphFormat::pageBreakBefore, "pagebb"},
+    FlagWord{&ParagraphFormat::widowControl, "widctlpar"},
+    FlagWord{&ParagraphFormat::rightToLeft, "rtlpar"},
+    FlagWord{&ParagraphFormat::contextualSpacing, "contextualspace"},
 };
 
 template <class Sides>
@@ -109,7 +112,8 @@ void AppendOldNumbering(std::string& out, const Numbering& numbering, const Writ
         AppendWord(out, kNumberAlignWords[numbering.align]);
     if (!numbering.font.IsEmpty())
         AppendWord(out, "pnf", tables.Font(numbering.font, numbering.fontCharset, FontFamily::Nil));
-    const std::size_t place = isBullet ? numbering.text.size() : numbering.text.find(static_cast<char16_t>(numbering.level));
+    const std::size_t place =
+        isBullet ? numbering.text.size() : numbering.text.find(static_cast<char16_t>(numbering.level));
     const std::u16string_view text = numbering.text;
     const auto appendText = [&](const char* word, std::u16string_view part) {
         if (part.empty())

@@ -29,17 +29,29 @@ Document Reader::Read()
             FlushBytes();
         switch (token.kind)
         {
-        case TokenKind::End: m_isDone = true; break;
+        case TokenKind::End:
+            m_isDone = true;
+            break;
         case TokenKind::Open:
             m_skip = 0;
             m_isStarred = false;
             m_states.Open();
             break;
-        case TokenKind::Close: CloseGroup(); break;
-        case TokenKind::Text: HandleText(token); break;
-        case TokenKind::Byte: HandleByte(token.byte); break;
-        case TokenKind::Word: HandleWord(token); break;
-        case TokenKind::Symbol: HandleSymbol(static_cast<char>(token.byte)); break;
+        case TokenKind::Close:
+            CloseGroup();
+            break;
+        case TokenKind::Text:
+            HandleText(token);
+            break;
+        case TokenKind::Byte:
+            HandleByte(token.byte);
+            break;
+        case TokenKind::Word:
+            HandleWord(token);
+            break;
+        case TokenKind::Symbol:
+            HandleSymbol(static_cast<char>(token.byte));
+            break;
         case TokenKind::Binary:
             if (m_skip > 0)
                 --m_skip;
@@ -79,17 +91,32 @@ void Reader::HandleSymbol(char symbol)
 {
     switch (symbol)
     {
-    case '*': m_isStarred = true; break;
+    case '*':
+        m_isStarred = true;
+        break;
     case '\r':
-    case '\n': EndParagraph(Mark::Break); break;
-    case '~': PutUnit(u'\u00A0'); break;
-    case '-': PutUnit(u'\u00AD'); break;
-    case '_': PutUnit(u'\u2011'); break;
-    case '\t': PutUnit(u'\t'); break;
+    case '\n':
+        EndParagraph(Mark::Break);
+        break;
+    case '~':
+        PutUnit(u'\u00A0');
+        break;
+    case '-':
+        PutUnit(u'\u00AD');
+        break;
+    case '_':
+        PutUnit(u'\u2011');
+        break;
+    case '\t':
+        PutUnit(u'\t');
+        break;
     case '\\':
     case '{':
-    case '}': PutUnit(static_cast<char16_t>(symbol)); break;
-    default: break;  // \: and \| mark index entries, others mean nothing
+    case '}':
+        PutUnit(static_cast<char16_t>(symbol));
+        break;
+    default:
+        break;  // \: and \| mark index entries, others mean nothing
     }
 }
 
@@ -190,7 +217,8 @@ Numbering Reader::NumberingOf(const ListLevel& source, std::int32_t list, std::i
     Numbering numbering = source.numbering;
     numbering.list = list;
     numbering.level = level;
-    numbering.text = source.text.empty() ? u"" : source.text.substr(1, std::min<std::size_t>(source.text[0], kMaxNumberText));
+    numbering.text =
+        source.text.empty() ? u"" : source.text.substr(1, std::min<std::size_t>(source.text[0], kMaxNumberText));
     if (source.font >= 0)
     {
         const FontEntry& font = m_fonts[source.font];

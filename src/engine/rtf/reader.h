@@ -120,6 +120,7 @@ private:
     void FlushBytes();
     std::u16string* NameTarget();
     void PutName(std::u16string_view text);
+    void PutNamePart(std::u16string_view text);
     const Decoder& DecoderNow();
     const Decoder& DecoderOf(const FontEntry& font) const;
     bool HasRoomFor(std::size_t units);

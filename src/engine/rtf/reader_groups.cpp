@@ -74,27 +74,53 @@ void Reader::EndDestination(const ReaderState& left)
 {
     switch (left.destination)
     {
-    case Destination::Fonts: m_fonts.EndEntry(); break;
-    case Destination::ListTable: m_lists.EndList(m_listId); break;
-    case Destination::ListOverrides: m_lists.EndOverride(m_overrideNumber); break;
-    case Destination::InfoText: m_properties.info.emplace_back(m_infoKey, std::exchange(m_infoText, {})); break;
-    case Destination::InfoTime: m_properties.infoKept += '}'; break;
-    case Destination::Picture: EndPicture(); break;
-    case Destination::Object: EndObject(); break;
-    case Destination::ObjectData: if (ObjectNow()) ObjectNow()->object.data = Shared(ObjectNow()->data.Take()); break;
+    case Destination::Fonts:
+        m_fonts.EndEntry();
+        break;
+    case Destination::ListTable:
+        m_lists.EndList(m_listId);
+        break;
+    case Destination::ListOverrides:
+        m_lists.EndOverride(m_overrideNumber);
+        break;
+    case Destination::InfoText:
+        m_properties.info.emplace_back(m_infoKey, std::exchange(m_infoText, {}));
+        break;
+    case Destination::InfoTime:
+        m_properties.infoKept += '}';
+        break;
+    case Destination::Picture:
+        EndPicture();
+        break;
+    case Destination::Object:
+        EndObject();
+        break;
+    case Destination::ObjectData:
+        if (ObjectNow())
+            ObjectNow()->object.data = Shared(ObjectNow()->data.Take());
+        break;
     case Destination::ObjectResult:
         if (ObjectNow())
             ObjectNow()->object.result = std::move(m_endedStory);
         break;
-    case Destination::Field: EndField(); break;
-    case Destination::Numbering: EndNumbering(); break;
-    case Destination::Header: EndHeader(); break;
-    case Destination::Note: EndNote(); break;
+    case Destination::Field:
+        EndField();
+        break;
+    case Destination::Numbering:
+        EndNumbering();
+        break;
+    case Destination::Header:
+        EndHeader();
+        break;
+    case Destination::Note:
+        EndNote();
+        break;
     case Destination::NestedRow:
         m_table = std::move(m_outerTables.back());
         m_outerTables.pop_back();
         break;
-    default: break;
+    default:
+        break;
     }
 }
 

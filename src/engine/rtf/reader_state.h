@@ -11,8 +11,7 @@ namespace quillmarker
 {
 
 /// What a group's text is for.
-enum class Destination : std::uint8_t
-{
+enum class Destination : std::uint8_t {
     Nothing,  // text is dropped, words have their effect, groups that matter may stand inside
     Body,
     Fonts,
@@ -64,7 +63,7 @@ constexpr bool IsNestedStory(Destination destination)
 /// What a brace saves and its partner brings back.
 struct ReaderState
 {
-    CharFormat chars;  // without its font, which is a number until text needs it
+    CharFormat chars;        // without its font, which is a number until text needs it
     std::int32_t font = -1;  // index into the table of fonts
     ParagraphFormat paragraph;
     std::int32_t lineDistance = 0;  // \sl
@@ -108,7 +107,10 @@ public:
     bool CanClose() const { return m_opened > 0 || !m_saved.empty(); }
 
     /// Whether the next closing brace ends the group whose destination is in force.
-    bool ClosesGroup() const { return m_opened == 0 && !m_saved.empty() && m_saved.back().state.group != m_current.group; }
+    bool ClosesGroup() const
+    {
+        return m_opened == 0 && !m_saved.empty() && m_saved.back().state.group != m_current.group;
+    }
 
     /// Whether nothing more can be saved.
     bool IsFull() const { return m_saved.size() >= kMaxSaved; }

@@ -11,10 +11,7 @@ namespace
 /// The longest name a table, an instruction or an author has; what is longer is cut.
 constexpr std::size_t kMaxName = 65'536;
 
-std::size_t CharacterBytes(unsigned char lead)
-{
-    return lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-}
+std::size_t CharacterBytes(unsigned char lead) { return lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4; }
 
 }  // namespace
 
@@ -57,7 +54,8 @@ bool Reader::ConsumeSkipped(Token& token)
         m_skip -= static_cast<std::int64_t>(skipped);
     }
     for (; m_skip > 0 && !token.text.empty(); --m_skip)
-        token.text.remove_prefix(std::min(CharacterBytes(static_cast<unsigned char>(token.text[0])), token.text.size()));
+        token.text.remove_prefix(
+            std::min(CharacterBytes(static_cast<unsigned char>(token.text[0])), token.text.size()));
     return !token.text.empty();
 }
 
@@ -153,7 +151,10 @@ void Reader::PutUnit(char16_t unit)
         return;
     }
     FlushBytes();
-    PutText({&unit, 1});
+    if (IsInStory())
+        PutText({&unit, 1});
+    else
+        PutNamePart({&unit, 1});  // a semicolon written so is part of a name and does not end it
 }
 
 void Reader::PutUnicode(std::int32_t value)
@@ -176,32 +177,46 @@ std::u16string* Reader::NameTarget()
 {
     switch (State().destination)
     {
-    case Destination::Fonts: return &m_fonts.CurrentName();
-    case Destination::Styles: return &m_styles.CurrentName();
-    case Destination::ListLevelText: return m_lists.Level() ? &m_lists.Level()->text : nullptr;
-    case Destination::InfoText: return &m_infoText;
-    case Destination::FieldInstruction: return FieldNow() ? &FieldNow()->field.instruction : nullptr;
-    case Destination::NumberBefore: return &m_numbering.before;
-    case Destination::NumberAfter: return &m_numbering.after;
-    case Destination::ObjectClass: return ObjectNow() ? &ObjectNow()->object.className : nullptr;
-    case Destination::ObjectName: return ObjectNow() ? &ObjectNow()->object.name : nullptr;
-    case Destination::NoteId: return &m_nextNote.id;
-    case Destination::NoteAuthor: return &m_nextNote.author;
-    default: return nullptr;
+    case Destination::Fonts:
+        return &m_fonts.CurrentName();
+    case Destination::Styles:
+        return &m_styles.CurrentName();
+    case Destination::ListLevelText:
+        return m_lists.Level() ? &m_lists.Level()->text : nullptr;
+    case Destination::InfoText:
+        return &m_infoText;
+    case Destination::FieldInstruction:
+        return FieldNow() ? &FieldNow()->field.instruction : nullptr;
+    case Destination::NumberBefore:
+        return &m_numbering.before;
+    case Destination::NumberAfter:
+        return &m_numbering.after;
+    case Destination::ObjectClass:
+        return ObjectNow() ? &ObjectNow()->object.className : nullptr;
+    case Destination::ObjectName:
+        return ObjectNow() ? &ObjectNow()->object.name : nullptr;
+    case Destination::NoteId:
+        return &m_nextNote.id;
+    case Destination::NoteAuthor:
+        return &m_nextNote.author;
+    default:
+        return nullptr;
     }
+}
+
+void Reader::PutNamePart(std::u16string_view text)
+{
+    std::u16string* target = NameTarget();
+    if (target && target->size() < kMaxName)
+        target->append(text.substr(0, kMaxName - target->size()));
 }
 
 void Reader::PutName(std::u16string_view text)
 {
-    const auto putTo = [&](std::u16string_view piece) {
-        std::u16string* target = NameTarget();
-        if (target && target->size() < kMaxName)
-            target->append(piece.substr(0, kMaxName - target->size()));
-    };
     const bool isTable = IsIn(Destination::Fonts) || IsIn(Destination::Colours) || IsIn(Destination::Styles);
     for (std::size_t end; isTable && (end = text.find(u';')) != text.npos; text.remove_prefix(end + 1))
     {
-        putTo(text.substr(0, end));
+        PutNamePart(text.substr(0, end));
         if (IsIn(Destination::Fonts))
             m_fonts.EndEntry();
         else if (IsIn(Destination::Colours))
@@ -209,7 +224,7 @@ void Reader::PutName(std::u16string_view text)
         else
             m_styles.EndEntry();
     }
-    putTo(text);
+    PutNamePart(text);
 }
 
 }  // namespace quillmarker

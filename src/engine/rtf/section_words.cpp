@@ -16,9 +16,9 @@ struct PageWord
 };
 
 constexpr std::array kPageWords = {
-    PageWord{&PageFormat::width, "paperw", "pgwsxn"},  PageWord{&PageFormat::height, "paperh", "pghsxn"},
-    PageWord{&PageFormat::left, "margl", "marglsxn"},  PageWord{&PageFormat::right, "margr", "margrsxn"},
-    PageWord{&PageFormat::top, "margt", "margtsxn"},   PageWord{&PageFormat::bottom, "margb", "margbsxn"},
+    PageWord{&PageFormat::width, "paperw", "pgwsxn"},     PageWord{&PageFormat::height, "paperh", "pghsxn"},
+    PageWord{&PageFormat::left, "margl", "marglsxn"},     PageWord{&PageFormat::right, "margr", "margrsxn"},
+    PageWord{&PageFormat::top, "margt", "margtsxn"},      PageWord{&PageFormat::bottom, "margb", "margbsxn"},
     PageWord{&PageFormat::gutter, "gutter", "guttersxn"},
 };
 

@@ -67,15 +67,33 @@ void AppendSpecial(char16_t unit, std::string& out)
 {
     switch (unit)
     {
-    case u'{': out += "\\{"; break;
-    case u'}': out += "\\}"; break;
-    case u'\t': out += "\\tab "; break;
-    case kLineBreak: out += "\\line "; break;
-    case kPageBreak: out += "\\page "; break;
-    case kColumnBreak: out += "\\column "; break;
-    case u'\u00A0': out += "\\~"; break;
-    case u'\u00AD': out += "\\-"; break;
-    case u'\u2011': out += "\\_"; break;
+    case u'{':
+        out += "\\{";
+        break;
+    case u'}':
+        out += "\\}";
+        break;
+    case u'\t':
+        out += "\\tab ";
+        break;
+    case kLineBreak:
+        out += "\\line ";
+        break;
+    case kPageBreak:
+        out += "\\page ";
+        break;
+    case kColumnBreak:
+        out += "\\column ";
+        break;
+    case u'\u00A0':
+        out += "\\~";
+        break;
+    case u'\u00AD':
+        out += "\\-";
+        break;
+    case u'\u2011':
+        out += "\\_";
+        break;
     default:
         if (unit < 0x80)
             AppendByte(unit, out);
@@ -102,9 +120,12 @@ void AppendEscaped(std::u16string_view text, std::string& out)
 
 void AppendEscapedName(std::u16string_view text, std::string& out)
 {
-    std::u16string name(text);
-    std::erase(name, u';');
-    AppendEscaped(name, out);
+    for (std::size_t end; (end = text.find(u';')) != text.npos; text.remove_prefix(end + 1))
+    {
+        AppendEscaped(text.substr(0, end), out);
+        AppendUnicode(u';', out);
+    }
+    AppendEscaped(text, out);
 }
 
 void AppendHex(std::string_view bytes, std::string& out)

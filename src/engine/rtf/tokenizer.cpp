@@ -22,20 +22,11 @@ constexpr auto kClasses = [] {
     return classes;
 }();
 
-ByteClass ClassOf(char byte)
-{
-    return kClasses[static_cast<unsigned char>(byte)];
-}
+ByteClass ClassOf(char byte) { return kClasses[static_cast<unsigned char>(byte)]; }
 
-bool IsLetter(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 }  // namespace
 
@@ -67,7 +58,8 @@ Token Tokenizer::TextToken()
     unsigned char bits = 0;
     for (; m_at < m_source.size() && ClassOf(m_source[m_at]) == ByteClass::Text; ++m_at)
         bits = static_cast<unsigned char>(bits | static_cast<unsigned char>(m_source[m_at]));
-    return {.kind = TokenKind::Text, .isAscii = bits < 0x80, .text = m_source.substr(begin, m_at - begin), .parameter = {}};
+    return {
+        .kind = TokenKind::Text, .isAscii = bits < 0x80, .text = m_source.substr(begin, m_at - begin), .parameter = {}};
 }
 
 Token Tokenizer::AfterBackslash()
@@ -85,7 +77,8 @@ Token Tokenizer::AfterBackslash()
         if (high < 0 || low < 0)
             return {.kind = TokenKind::Symbol, .text = {}, .parameter = {}, .byte = '\''};
         m_at += 2;
-        return {.kind = TokenKind::Byte, .text = {}, .parameter = {}, .byte = static_cast<unsigned char>(high * 16 + low)};
+        return {
+            .kind = TokenKind::Byte, .text = {}, .parameter = {}, .byte = static_cast<unsigned char>(high * 16 + low)};
     }
     if (c == '\r' && m_at < m_source.size() && m_source[m_at] == '\n')
         ++m_at;

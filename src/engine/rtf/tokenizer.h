@@ -17,8 +17,7 @@ struct Parameter
     std::int32_t Or(std::int32_t other) const { return IsGiven() ? value : other; }
 };
 
-enum class TokenKind : std::uint8_t
-{
+enum class TokenKind : std::uint8_t {
     End,
     Open,
     Close,

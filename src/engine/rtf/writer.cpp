@@ -11,7 +11,8 @@ namespace quillmarker
 namespace
 {
 
-constexpr std::array kHeaderWords = {"header", "headerl", "headerr", "headerf", "footer", "footerl", "footerr", "footerf"};
+constexpr std::array kHeaderWords = {"header", "headerl", "headerr", "headerf",
+                                     "footer", "footerl", "footerr", "footerf"};
 
 bool IsRowStart(const std::vector<const Paragraph*>& paragraphs, std::size_t index)
 {
@@ -238,7 +239,8 @@ void Writer::UseChars(CharFormatId id)
     }
     else if (*m_place.chars != id)
     {
-        const auto key = std::uint64_t{static_cast<std::uint32_t>(*m_place.chars)} << 32 | static_cast<std::uint32_t>(id);
+        const auto key =
+            std::uint64_t{static_cast<std::uint32_t>(*m_place.chars)} << 32 | static_cast<std::uint32_t>(id);
         const auto [words, isNew] = m_charWords.try_emplace(key);
         if (isNew)
             words->second = CharWords(m_document.FormatOf(*m_place.chars), format, m_tables);
@@ -281,9 +283,6 @@ void Writer::CloseField()
     m_fields.pop_back();
 }
 
-std::string WriteRtf(const Document& document, RtfScope scope)
-{
-    return Writer(document, scope).Write();
-}
+std::string WriteRtf(const Document& document, RtfScope scope) { return Writer(document, scope).Write(); }
 
 }  // namespace quillmarker

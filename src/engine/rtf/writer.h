@@ -72,7 +72,7 @@ private:
     Place m_place;
     std::vector<OpenedField> m_fields;
     NumberCounter m_numbers;
-    Shared<TableRow> m_row;  // as stated last
+    Shared<TableRow> m_row;                   // as stated last
     std::vector<Shared<Section>> m_sections;  // in order; each is written where it begins
     std::size_t m_section = 0;
     std::unordered_map<std::uint64_t, std::string> m_charWords;

@@ -15,7 +15,7 @@ struct KindWord
 };
 
 constexpr std::array kKindWords = {
-    KindWord{"pngblip", false},  KindWord{"jpegblip", false}, KindWord{"emfblip", false}, KindWord{"wmetafile", true},
+    KindWord{"pngblip", false}, KindWord{"jpegblip", false}, KindWord{"emfblip", false}, KindWord{"wmetafile", true},
     KindWord{"dibitmap", true}, KindWord{"wbitmap", true},   KindWord{"macpict", false}, KindWord{"pmmetafile", true},
 };
 
