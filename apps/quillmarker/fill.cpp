@@ -68,14 +68,22 @@ bool BeginsAsRtf(const fs::path& path)
     return IsRtf({head.data(), static_cast<std::size_t>(file.gcount())});
 }
 
+/// A text file's last line has an end too; it is not the beginning of a further paragraph.
+Insertion InsertTextFile(Report& report, const fs::path& path, std::u16string_view marker)
+{
+    TextBox box;
+    if (const FileError error = box.LoadFile(path, FileKind::Text); error != FileError::None)
+        return {-static_cast<int>(error), {}};
+    std::u16string text = box.Text();
+    if (text.ends_with(u"\r\n"))
+        text.resize(text.size() - 2);
+    return {report.InsertStringText(text, marker), {}};
+}
+
 Insertion InsertFile(Report& report, const fs::path& path, std::u16string_view marker)
 {
     if (path.extension() == ".txt")
-    {
-        TextBox box;
-        const FileError error = box.LoadFile(path, FileKind::Text);
-        return {error == FileError::None ? report.InsertStringText(box.Text(), marker) : -static_cast<int>(error), {}};
-    }
+        return InsertTextFile(report, path, marker);
     std::error_code ignored;
     if (fs::is_regular_file(path, ignored) && std::ifstream(path) && !BeginsAsRtf(path))
         return Refused(path.string() + " is no RTF; text should be in a file that ends in .txt");
@@ -111,6 +119,9 @@ Insertion FillNext(Report& report, const Marker& marker, const fs::path& folder)
     Insertion result = Insert(report, marker.items.front(), name, folder);
     for (std::size_t i = 1; i < marker.items.size() && result.answer >= 0; ++i)
         result = Insert(report, marker.items[i], {}, folder);
+    // What was not inserted leaves its place selected; searched again, it would be found for ever.
+    if (result.answer >= 0 && report.Box().SelLength() > 0)
+        return Refused("there is no room for the value");
     return result;
 }
 
