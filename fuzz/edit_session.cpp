@@ -3,6 +3,8 @@
 #include "document_laws.h"
 #include "require.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <iterator>
 
 namespace quillmarker
@@ -69,6 +71,7 @@ EditSession::EditSession()
     };
 }
 
+// With QUILLMARKER_FUZZ_TRACE in the environment every step is shown, so that a find can be read.
 void EditSession::Step(ByteScript& script)
 {
     const Operation& operation = kOperations[script.Below(std::size(kOperations))];
@@ -77,6 +80,9 @@ void EditSession::Step(ByteScript& script)
     m_changes = 0;
     m_selectionChanges = 0;
     (this->*operation.run)(script);
+    if (std::getenv("QUILLMARKER_FUZZ_TRACE"))
+        std::fprintf(stderr, "%-24s %s|%s\n", operation.name, Shown(Now().selection).c_str(),
+                     Printable(m_box.Text()).c_str());
     AdoptInsertion();
     RequireAsExpected();
     RequireTold(before);
@@ -143,10 +149,7 @@ void EditSession::RequireTold(const Moment& before) const
 void EditSession::Record(Kind kind, const Moment& before)
 {
     if (kind == Kind::Travelling)
-    {
-        m_isTypingRun = false;
         return;
-    }
     const bool isChanged = m_changes > 0;
     const bool continues = kind == Kind::Typing && m_isTypingRun;
     // Every edit that is told can be undone.
@@ -158,7 +161,7 @@ void EditSession::Record(Kind kind, const Moment& before)
     }
     const bool isMoved = before.selection != m_selection;
     if (isChanged || isMoved)
-        m_isTypingRun = kind == Kind::Typing;
+        m_isTypingRun = kind == Kind::Typing && m_brackets.empty();
 }
 
 void EditSession::RequireHistory() const

@@ -44,7 +44,7 @@ private:
     };
 
     static const Operation kOperations[];
-    static constexpr std::int32_t kMostUnits = 20'000;
+    static constexpr std::int32_t kMostUnits = 3'000;
 
     enum class Side : bool { Before, Behind };
 

@@ -4,7 +4,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr int kMostSteps = 250;
+    constexpr int kMostSteps = 150;
     quillmarker::ByteScript script(data, size);
     quillmarker::EditSession session;
     for (int step = 0; step < kMostSteps && !script.IsAtEnd() && !session.IsTooLong(); ++step)

@@ -40,14 +40,11 @@ void RequireStable(const Document& document)
             [&] { return said("first") + "\n--- second\n" + rewritten.substr(0, 3000); });
 }
 
-void RequirePartStays(const Document& document, std::uint32_t seed)
+void RequirePartStays(TextBox& box, const Document& document, const Selection& wanted)
 {
-    TextBox box;
     box.OpenValue(document);
-    const auto positions = static_cast<std::uint32_t>(document.Size()) + 1;
-    const std::uint32_t start = seed % positions;
-    box.SetSelStart(static_cast<std::int32_t>(start));
-    box.SetSelLength(static_cast<std::int32_t>(seed / 7 % (positions - start)));
+    box.SetSelStart(wanted.start);
+    box.SetSelLength(wanted.length);
     const Selection selected{box.SelStart(), box.SelLength()};
     const std::u16string part = box.SelRTF();
     box.SetSelRTF(part);
@@ -61,12 +58,35 @@ void RequirePartStays(const Document& document, std::uint32_t seed)
     Require(box.SelStart() == selected.start + selected.length, "the caret stands behind what was put in");
 }
 
+/// Every part of a short text, a few of a long one.
+void RequirePartsStay(const Document& document, std::uint32_t seed)
+{
+    constexpr std::int32_t kShort = 12;
+    constexpr int kFew = 3;
+    TextBox box;
+    const std::int32_t size = document.Size();
+    if (size > kShort)
+    {
+        const std::uint32_t positions = static_cast<std::uint32_t>(size) + 1;
+        for (int i = 0; i < kFew; ++i, seed = seed * 1'664'525 + 1'013'904'223)
+        {
+            const std::uint32_t start = (seed >> 8) % positions;
+            const std::uint32_t length = (seed >> 4) % (positions - start);
+            RequirePartStays(box, document, {static_cast<std::int32_t>(start), static_cast<std::int32_t>(length)});
+        }
+        return;
+    }
+    for (std::int32_t start = 0; start <= size; ++start)
+        for (std::int32_t length = 0; start + length <= size; ++length)
+            RequirePartStays(box, document, {start, length});
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const Document document = FuzzedSource(data, size).Read();
     RequireStable(document);
-    RequirePartStays(document, SeedOf(data, size));
+    RequirePartsStay(document, SeedOf(data, size));
     return 0;
 }

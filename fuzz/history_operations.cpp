@@ -14,6 +14,7 @@ void EditSession::Adopt()
     m_selection = {m_box.SelStart(), m_box.SelLength()};
     m_insertion.reset();
     m_adoptsInsertion = true;
+    m_isTypingRun = false;
 }
 
 void EditSession::Undo(ByteScript&)
@@ -54,6 +55,7 @@ void EditSession::BeginStep(ByteScript&)
 {
     m_brackets.push_back(m_brackets.empty() ? Now() : m_brackets.front());
     m_box.BeginStep();
+    m_isTypingRun = false;
 }
 
 void EditSession::EndStep(ByteScript&)
@@ -74,6 +76,7 @@ void EditSession::ClearHistory(ByteScript&)
     m_box.ClearHistory();
     m_undo.clear();
     m_redo.clear();
+    m_isTypingRun = false;
 }
 
 void EditSession::PutValue(ByteScript& script)
@@ -102,6 +105,7 @@ void EditSession::OpenValue(ByteScript& script)
     m_adoptsInsertion = true;
     m_undo.clear();
     m_redo.clear();
+    m_isTypingRun = false;
 }
 
 void EditSession::WriteAndRead(ByteScript&)

@@ -78,7 +78,7 @@ void EditSession::Found(std::int32_t at, std::u16string_view needle, std::int32_
                ", options " + std::to_string(options) + ": " + std::to_string(at) + " in " + Printable(m_text.text);
     };
     const auto length = static_cast<std::int32_t>(needle.size());
-    for (std::int32_t place = start; length > 0 && place + length <= end; ++place)
+    for (std::int32_t place = start; length > 0 && place <= end - length; ++place)
     {
         const auto offset = static_cast<std::size_t>(place);
         if (!MatchesAt(m_text.text, offset, needle, options))

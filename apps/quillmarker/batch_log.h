@@ -54,7 +54,7 @@ private:
     std::uintmax_t m_bytesDone = 0;
     std::map<std::string, MissingMarker> m_missing;
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
-    std::chrono::steady_clock::time_point m_drawn = m_start;
+    std::chrono::steady_clock::time_point m_drawn{};
     bool m_isTerminal;
     bool m_isShown = false;
 };

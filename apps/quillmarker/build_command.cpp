@@ -19,8 +19,8 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr const char* kFooter = R"(
-DATA.json is one object. It maps each marker, as it stands in the template, to what takes its place:
+constexpr const char* kFooter =
+    R"(DATA.json is one object. It maps each marker, as it stands in the template, to what takes its place:
   "text"              text; a line end in it is a paragraph's end. Numbers and true, false are text as written
   {"text": "..."}     the same
   {"rtf": "{\\rtf1..."}  a piece of RTF
@@ -28,8 +28,9 @@ DATA.json is one object. It maps each marker, as it stands in the template, to w
   {"hidden": "..."}   text that is there but not shown
   [..., ...]          all of these, one behind the other; an empty list takes the marker away
 
-A marker is filled everywhere it stands in the text, and found whatever its case. Markers are filled in the
-order of the data. So order matters when a value holds another marker: that one is filled too if it comes later.
+A marker is filled everywhere it stands in the text, whatever its case; text takes the marker's format.
+Markers are filled in the order of the data. So order matters when a value holds another marker: that one is
+filled too if it comes later.
 
 With --batch each line of DATA.jsonl is such an object and gives a report. In the output's name a key in braces
 stands for that key's text or number in the line, and {line} for the number of the line.
@@ -136,13 +137,13 @@ Action AddBuildCommand(CLI::App& command)
         ->required()
         ->type_name("OUT");
     command.add_option("--format", options->format, "what to write, whatever the output is called")
-        ->check(CLI::IsMember({"rtf", "txt"}))
+        ->check(CLI::IsMember({"rtf", "txt"}).description(""))
         ->type_name("rtf|txt");
     command.add_flag("--allow-missing", options->allowMissing, "do not mind markers that are not in the template");
     command.add_option("--batch", options->batch, "make a report of each line of a file; - is standard input")
         ->type_name("DATA.jsonl");
     command.add_option("-j,--jobs", options->jobs, "so many reports of a batch side by side; usually one a processor")
-        ->check(CLI::Range(1U, 1024U))
+        ->check(CLI::Range(1U, 1024U).description(""))
         ->type_name("N");
     command.footer(kFooter);
     return [options] { return Build(*options); };

@@ -3,6 +3,8 @@
 #include "round_trip.h"
 #include "standard_streams.h"
 
+#include <quillmarker/rtf.h>
+
 #include <CLI/CLI.hpp>
 
 #include <chrono>
@@ -51,7 +53,8 @@ public:
         }
         m_bytes += bytes->size();
         const auto start = std::chrono::steady_clock::now();
-        const std::string difference = RoundTripDifference(*bytes);
+        const std::string difference =
+            RoundTripDifference(*bytes, [](const Document& document) { return WriteRtf(document); });
         const std::string measures = Measures(bytes->size(), SecondsSince(start));
         if (!difference.empty())
             ++m_different;

@@ -39,9 +39,9 @@ Action AddConvertCommand(CLI::App& command)
     command.add_option("IN", options->input, "the RTF or text file; - is standard input")->required();
     command.add_option("OUT", options->output, "what to write: .rtf or .txt; - is standard output")->required();
     command.add_option("--format", options->format, "what to write, whatever the output is called")
-        ->check(CLI::IsMember({"rtf", "txt"}))
+        ->check(CLI::IsMember({"rtf", "txt"}).description(""))
         ->type_name("rtf|txt");
-    command.footer("\nReads leniently, writes plain 7-bit RTF, or UTF-8 text.\n\n"
+    command.footer("Reads leniently, writes plain 7-bit RTF, or UTF-8 text.\n\n"
                    "Examples:\n  quillmarker convert old.rtf clean.rtf\n  quillmarker convert report.rtf report.txt");
     return [options] { return Convert(*options); };
 }

@@ -15,37 +15,22 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr int kNotFound = -1;
+/// What the functions of a report answer: the caret behind what they inserted, or minus the number of an error. Here
+/// they put it in place of the selection.
+using Answer = Result<int>;
 
-/// What the functions of a report answer: the caret behind what was inserted, kNotFound, or minus a FileError.
-struct Insertion
-{
-    int answer = 0;
-    std::string error;
-};
+Answer InsertText(Report& report, const std::string& value) { return report.InsertStringText(ToUtf16(value), {}); }
 
-Insertion Refused(std::string error) { return {kNotFound, std::move(error)}; }
-
-/// In place of the marker, or at the caret when it is empty: so do all that follow here.
-Insertion InsertText(Report& report, const std::string& value, std::u16string_view marker)
-{
-    return {report.InsertStringText(ToUtf16(value), marker), {}};
-}
-
-Insertion InsertRtf(Report& report, const std::string& value, std::u16string_view marker)
+Answer InsertRtf(Report& report, const std::string& value)
 {
     if (!IsRtf(value))
-        return Refused("the value of \"rtf\" is no RTF; it should begin with {\\rtf1");
-    return {report.InsertStringRTF(ToUtf16(value), marker), {}};
+        return Failure{"the value of \"rtf\" is no RTF; it should begin with {\\rtf1"};
+    return report.InsertStringRTF(ToUtf16(value), {});
 }
 
-/// Hidden text takes the marker's format; what is inserted behind it is not hidden unless the marker was.
-Insertion InsertHidden(Report& report, const std::string& value, std::u16string_view marker)
+Answer InsertHidden(Report& report, const std::string& value)
 {
     TextBox& box = report.Box();
-    if (!marker.empty() && box.Find(marker) < 0)
-        return {kNotFound, {}};
-    const bool wasHidden = box.SelCharFormat().hidden.value_or(false);
     const int start = box.SelStart();
     box.SetSelText(ToUtf16(value));
     const int end = box.SelStart();
@@ -55,9 +40,7 @@ Insertion InsertHidden(Report& report, const std::string& value, std::u16string_
     format.hidden = true;
     box.SetSelCharFormat(format);
     box.SetSelStart(end);
-    format.hidden = wasHidden;
-    box.SetSelCharFormat(format);
-    return {end, {}};
+    return end;
 }
 
 bool BeginsAsRtf(const fs::path& path)
@@ -69,60 +52,78 @@ bool BeginsAsRtf(const fs::path& path)
 }
 
 /// A text file's last line has an end too; it is not the beginning of a further paragraph.
-Insertion InsertTextFile(Report& report, const fs::path& path, std::u16string_view marker)
+Answer InsertTextFile(Report& report, const fs::path& path)
 {
     TextBox box;
     if (const FileError error = box.LoadFile(path, FileKind::Text); error != FileError::None)
-        return {-static_cast<int>(error), {}};
+        return -static_cast<int>(error);
     std::u16string text = box.Text();
     if (text.ends_with(u"\r\n"))
         text.resize(text.size() - 2);
-    return {report.InsertStringText(text, marker), {}};
+    return report.InsertStringText(text, {});
 }
 
-Insertion InsertFile(Report& report, const fs::path& path, std::u16string_view marker)
+Answer InsertFile(Report& report, const fs::path& path)
 {
-    if (path.extension() == ".txt")
-        return InsertTextFile(report, path, marker);
     std::error_code ignored;
-    if (fs::is_regular_file(path, ignored) && std::ifstream(path) && !BeginsAsRtf(path))
-        return Refused(path.string() + " is no RTF; text should be in a file that ends in .txt");
-    return {report.InsertFileRTF(path, marker), {}};
+    const bool isText = path.extension() == ".txt";
+    if (!isText && fs::is_regular_file(path, ignored) && std::ifstream(path) && !BeginsAsRtf(path))
+        return Failure{path.string() + " is no RTF; text should be in a file that ends in .txt"};
+    const Answer answer = isText ? InsertTextFile(report, path) : report.InsertFileRTF(path, {});
+    return *answer >= 0 ? answer : Failure{path.string() + ": " + Describe(static_cast<FileError>(-*answer))};
 }
 
-Insertion Insert(Report& report, const Item& item, std::u16string_view marker, const fs::path& folder)
+Answer Insert(Report& report, const Item& item, const fs::path& folder)
 {
     switch (item.kind)
     {
     case ItemKind::Text:
-        return InsertText(report, item.value, marker);
+        return InsertText(report, item.value);
     case ItemKind::Rtf:
-        return InsertRtf(report, item.value, marker);
+        return InsertRtf(report, item.value);
     case ItemKind::Hidden:
-        return InsertHidden(report, item.value, marker);
+        return InsertHidden(report, item.value);
     case ItemKind::File:
         break;
     }
-    const fs::path path = folder / item.value;
-    Insertion result = InsertFile(report, path, marker);
-    if (result.answer < kNotFound)
-        result.error = path.string() + ": " + Describe(static_cast<FileError>(-result.answer));
-    return result;
+    return InsertFile(report, folder / item.value);
 }
 
-/// Puts the items in place of the next place behind the caret where the marker stands.
-Insertion FillNext(Report& report, const Marker& marker, const fs::path& folder)
+/// The format of the selection's first character, which text put in its place takes.
+PartialCharFormat FirstFormat(TextBox& box)
+{
+    const int length = box.SelLength();
+    box.SetSelLength(1);
+    const PartialCharFormat format = box.SelCharFormat();
+    box.SetSelLength(length);
+    return format;
+}
+
+/// Puts the items in place of the selected marker. Text takes the marker's format, whatever stands in front of it.
+Answer ReplaceMarker(Report& report, const std::vector<Item>& items, const fs::path& folder)
+{
+    const PartialCharFormat format = FirstFormat(report.Box());
+    Answer answer = items.empty() ? InsertText(report, {}) : Insert(report, items.front(), folder);
+    for (std::size_t i = 1; i < items.size() && answer; ++i)
+    {
+        report.Box().SetSelCharFormat(format);
+        answer = Insert(report, items[i], folder);
+    }
+    // What was not inserted leaves its place selected; searched again, it would be found for ever.
+    if (answer && report.Box().SelLength() > 0)
+        return Failure{"there is no room for the value"};
+    return answer;
+}
+
+/// How often the marker was found.
+Result<int> FillMarker(Report& report, const Marker& marker, const fs::path& folder)
 {
     const std::u16string name = ToUtf16(marker.name);
-    if (marker.items.empty())
-        return InsertText(report, {}, name);
-    Insertion result = Insert(report, marker.items.front(), name, folder);
-    for (std::size_t i = 1; i < marker.items.size() && result.answer >= 0; ++i)
-        result = Insert(report, marker.items[i], {}, folder);
-    // What was not inserted leaves its place selected; searched again, it would be found for ever.
-    if (result.answer >= 0 && report.Box().SelLength() > 0)
-        return Refused("there is no room for the value");
-    return result;
+    int count = 0;
+    for (report.CursorStart(); report.Box().Find(name) >= 0; ++count)
+        if (const Answer answer = ReplaceMarker(report, marker.items, folder); !answer)
+            return Failure{"marker \"" + marker.name + "\": " + answer.Message()};
+    return count;
 }
 
 }  // namespace
@@ -133,17 +134,13 @@ Filling Fill(Report& report, const ReportData& data, const fs::path& folder)
     report.SetRedraw(false);
     for (const Marker& marker : data)
     {
-        report.CursorStart();
-        int count = 0;
-        Insertion insertion = FillNext(report, marker, folder);
-        for (; insertion.answer >= 0; insertion = FillNext(report, marker, folder))
-            ++count;
-        if (!insertion.error.empty())
+        const auto count = FillMarker(report, marker, folder);
+        if (!count)
         {
-            result.error = "marker \"" + marker.name + "\": " + insertion.error;
+            result.error = count.Message();
             break;
         }
-        if (count == 0)
+        if (*count == 0)
             result.missing.push_back(marker.name);
     }
     report.SetRedraw(true);

@@ -33,13 +33,36 @@ constexpr Command kCommands[] = {
 constexpr const char* kName = "quillmarker";
 constexpr const char* kVersion = "quillmarker " QUILLMARKER_VERSION;
 constexpr const char* kDescription = "Fills, reads and converts rich-text reports.";
-constexpr const char* kFooter = "\nquillmarker COMMAND --help says more.";
+constexpr const char* kFooter = "quillmarker COMMAND --help says more.";
 
 /// The command as it was typed so far: "quillmarker build".
 std::string TypedCommand(const CLI::App& app)
 {
     const auto chosen = app.get_subcommands();
     return chosen.empty() ? kName : kName + (" " + chosen.front()->get_name());
+}
+
+std::string CommandNames()
+{
+    std::string names;
+    for (const Command& command : kCommands)
+        names += (names.empty() ? "" : ", ") + std::string(command.name);
+    return names;
+}
+
+/// In the tool's words where the parser's could mislead: it misses an argument before it minds one too many.
+std::string MessageFor(const CLI::App& app, const CLI::ParseError& error)
+{
+    const bool isCommandChosen = !app.get_subcommands().empty();
+    const auto surplus = app.remaining(true);
+    if (!surplus.empty() && surplus.front().starts_with('-'))
+        return "there is no option " + surplus.front();
+    if (!surplus.empty() && isCommandChosen)
+        return "there is nothing to do with \"" + surplus.front() + "\"; one argument too many?";
+    if (!isCommandChosen)
+        return (surplus.empty() ? "the command is missing" : "there is no command \"" + surplus.front() + "\"") + ": " +
+               CommandNames();
+    return error.what();
 }
 
 /// Help and the version go to standard output; anything else is one line on standard error.
@@ -52,7 +75,7 @@ int Explain(const CLI::App& app, const CLI::ParseError& error)
         Print(text.str());
         return kDone;
     }
-    std::string message = error.what();
+    std::string message = MessageFor(app, error);
     std::ranges::replace(message, '\n', ' ');
     return RefuseUsage(TypedCommand(app), message);
 }
@@ -61,16 +84,21 @@ int Run(int argc, char** argv)
 {
     CLI::App app(kDescription, kName);
     app.set_version_flag("--version", kVersion);
-    app.set_help_all_flag("--help-all", "Print the help of all commands");
     app.footer(kFooter);
     app.require_subcommand(1);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND ...");
+    app.get_formatter()->label("Positionals", "Arguments");
+    app.get_formatter()->label("REQUIRED", "(required)");
+    app.get_formatter()->label("TEXT", "");
     std::vector<std::pair<CLI::App*, Action>> actions;
     for (const Command& command : kCommands)
     {
         CLI::App* const subcommand = app.add_subcommand(command.name, command.description);
+        subcommand->group("Commands");
         subcommand->set_version_flag("--version", kVersion);
         actions.emplace_back(subcommand, command.add(*subcommand));
     }
+    app.set_help_all_flag("--help-all", "Print the help of all commands");
     try
     {
         app.parse(argc, argv);

@@ -54,14 +54,14 @@ std::string FirstDifference(std::string_view before, std::string_view after)
     return "  before  " + ParagraphAt(before, place) + "\n  after   " + ParagraphAt(after, place) + "\n";
 }
 
-std::string RoundTripDifference(std::string_view bytes)
+std::string RoundTripDifference(std::string_view bytes, const Writer& write)
 {
     const Document first = ReadRtf(bytes);
-    const std::string written = WriteRtf(first);
+    const std::string written = write(first);
     const Document second = ReadRtf(written);
     if (!SameContent(first, second))
         return "what was written reads otherwise\n" + FirstDifference(Dump(first), Dump(second));
-    const std::string again = WriteRtf(second);
+    const std::string again = write(second);
     if (again != written)
         return "written again, the bytes differ from byte " + std::to_string(FirstDifferentPlace(written, again)) +
                " on\n" + FirstDifference(written, again);

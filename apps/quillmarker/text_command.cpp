@@ -37,7 +37,7 @@ Action AddTextCommand(CLI::App& command)
     const auto options = std::make_shared<Options>();
     command.add_option("IN", options->input, "the RTF file; - is standard input")->required();
     command.add_flag("--visible", options->visible, "leave hidden text out");
-    command.footer("\nThe text is UTF-8. Lines end with LF, cells of a table with TAB, pages with FF.\n\n"
+    command.footer("The text is UTF-8. Lines end with LF, cells of a table with TAB, pages with FF.\n\n"
                    "Example:\n  quillmarker text report.rtf | less");
     return [options] { return PrintText(*options); };
 }

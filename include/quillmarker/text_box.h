@@ -193,7 +193,7 @@ public:
 
 private:
     struct State;
-    std::unique_ptr<State> m;
+    std::unique_ptr<State> m_state;
 };
 
 }  // namespace quillmarker

@@ -8,19 +8,19 @@
 namespace quillmarker
 {
 
-Report::Report() : m(std::make_unique<State>(*this))
+Report::Report() : m_state(std::make_unique<State>(*this))
 {
-    m->box.Change = [this] { m->OnChange(); };
-    m->defaultCharset = m->box.Font().charset;
+    m_state->box.Change = [this] { m_state->OnChange(); };
+    m_state->defaultCharset = m_state->box.Font().charset;
 }
 
 Report::~Report() = default;
 
-TextBox& Report::Box() { return m->box; }
+TextBox& Report::Box() { return m_state->box; }
 
-const TextBox& Report::Box() const { return m->box; }
+const TextBox& Report::Box() const { return m_state->box; }
 
-void Report::SetHooks(ReportHooks* hooks) { m->hooks = hooks ? hooks : &m->noHooks; }
+void Report::SetHooks(ReportHooks* hooks) { m_state->hooks = hooks ? hooks : &m_state->noHooks; }
 
 /// The host's handler sees Changed as it was before.
 void Report::State::OnChange()
@@ -48,115 +48,118 @@ void Report::State::EndStep()
 
 std::u16string Report::TextString()
 {
-    m->Focus();
+    m_state->Focus();
     std::u16string text;
-    Attempt([&] { text = m->box.Text(); });
+    Attempt([&] { text = m_state->box.Text(); });
     return text;
 }
 
 std::u16string Report::RTFString()
 {
-    m->Focus();
+    m_state->Focus();
     std::u16string rtf;
-    Attempt([&] { rtf = m->box.TextRTF(); });
+    Attempt([&] { rtf = m_state->box.TextRTF(); });
     return rtf;
 }
 
 void Report::SelectText(int& start, int& finish)
 {
-    m->Focus();
-    const int length = m->box.TextLength();
+    m_state->Focus();
+    const int length = m_state->box.TextLength();
     start = std::min(start, length);
     finish = std::min(finish, length);
-    Attempt([&] { m->box.SetSelStart(start); });
-    Attempt([&] { m->box.SetSelLength(finish == -1 ? length - start : finish - start); });
+    Attempt([&] { m_state->box.SetSelStart(start); });
+    Attempt([&] { m_state->box.SetSelLength(finish == -1 ? length - start : finish - start); });
 }
 
 void Report::CursorStart()
 {
-    m->Focus();
-    Attempt([&] { m->box.SetSelStart(0); });
-    Attempt([&] { m->box.SetSelLength(0); });
+    m_state->Focus();
+    Attempt([&] { m_state->box.SetSelStart(0); });
+    Attempt([&] { m_state->box.SetSelLength(0); });
 }
 
 void Report::CursorEnd()
 {
     constexpr int kBeyondAnyText = 2'147'483'600;
-    m->Focus();
-    Attempt([&] { m->box.SetSelStart(kBeyondAnyText); });
-    Attempt([&] { m->box.SetSelLength(0); });
+    m_state->Focus();
+    Attempt([&] { m_state->box.SetSelStart(kBeyondAnyText); });
+    Attempt([&] { m_state->box.SetSelLength(0); });
 }
 
 void Report::Clear()
 {
-    m->Focus();
+    m_state->Focus();
     SetRedraw(false);
-    Attempt([&] { m->box.SetText(u""); });
+    Attempt([&] { m_state->box.SetText(u""); });
     SetRedraw(true);
 }
 
 /// The restore happens while Redraw is false, so the snapshot taken at its begin survives and a second Undo goes back.
 void Report::Undo()
 {
-    m->Focus();
-    if (m->snapshot.selStart < 0)
-        return Attempt([&] { m->box.Undo(); });
-    const UndoSnapshot saved = m->snapshot;
+    m_state->Focus();
+    if (m_state->snapshot.selStart < 0)
+        return Attempt([&] { m_state->box.Undo(); });
+    const UndoSnapshot saved = m_state->snapshot;
     SetRedraw(false);
     Attempt([&] {
         if (saved.document)
-            m->box.SetValue(*saved.document);
+            m_state->box.SetValue(*saved.document);
         else
-            m->box.SetText(u"");
+            m_state->box.SetText(u"");
     });
-    Attempt([&] { m->box.SetSelStart(saved.selStart); });
-    Attempt([&] { m->box.SetSelLength(saved.selLength); });
+    Attempt([&] { m_state->box.SetSelStart(saved.selStart); });
+    Attempt([&] { m_state->box.SetSelLength(saved.selLength); });
     SetRedraw(true);
 }
 
-bool Report::Redraw() const { return m->redrawEnabled; }
+bool Report::Redraw() const { return m_state->redrawEnabled; }
 
 void Report::SetRedraw(bool enabled)
 {
     if (enabled)
-        Attempt([&] { m->EndStep(); });
+        Attempt([&] { m_state->EndStep(); });
     else
     {
         Attempt([&] { SaveUndoSnapshot(); });
-        Attempt([&] { m->BeginStep(); });
+        Attempt([&] { m_state->BeginStep(); });
     }
-    m->Lock(!enabled);
-    m->redrawEnabled = enabled;
-    Attempt([&] { m->hooks->PropertyChanged(u"Redraw"); });
+    m_state->Lock(!enabled);
+    m_state->redrawEnabled = enabled;
+    Attempt([&] { m_state->hooks->PropertyChanged(u"Redraw"); });
 }
 
-bool Report::Changed() const { return m->changed; }
+bool Report::Changed() const { return m_state->changed; }
 
-void Report::SetChanged(bool changed) { m->changed = changed; }
+void Report::SetChanged(bool changed) { m_state->changed = changed; }
 
 std::u16string Report::UndoRTF() const
 {
     std::u16string rtf;
     Attempt([&] {
-        if (!m->snapshot.document)
+        if (!m_state->snapshot.document)
             return;
-        const std::string bytes = WriteRtf(*m->snapshot.document);
+        const std::string bytes = WriteRtf(*m_state->snapshot.document);
         rtf.assign(bytes.begin(), bytes.end());
     });
     return rtf;
 }
 
-int Report::UndoSelStart() const { return m->snapshot.selStart; }
+int Report::UndoSelStart() const { return m_state->snapshot.selStart; }
 
-int Report::UndoSelLength() const { return m->snapshot.selLength; }
+int Report::UndoSelLength() const { return m_state->snapshot.selLength; }
 
-void Report::SaveUndoSnapshot() { m->snapshot = {m->box.Value(), m->box.SelStart(), m->box.SelLength()}; }
+void Report::SaveUndoSnapshot()
+{
+    m_state->snapshot = {m_state->box.Value(), m_state->box.SelStart(), m_state->box.SelLength()};
+}
 
-void Report::DropUndoSnapshot() { m->snapshot.selStart = -1; }
+void Report::DropUndoSnapshot() { m_state->snapshot.selStart = -1; }
 
-int Report::DefaultCharset() const { return m->defaultCharset; }
+int Report::DefaultCharset() const { return m_state->defaultCharset; }
 
-void Report::SetDefaultCharset(int charset) { m->defaultCharset = charset; }
+void Report::SetDefaultCharset(int charset) { m_state->defaultCharset = charset; }
 
 int Report::State::Open(const std::filesystem::path& path, FileKind kind)
 {
@@ -171,17 +174,17 @@ int Report::State::Open(const std::filesystem::path& path, FileKind kind)
     return 0;
 }
 
-int Report::OpenFileRTF(const std::filesystem::path& FileName) { return m->Open(FileName, FileKind::Rtf); }
+int Report::OpenFileRTF(const std::filesystem::path& FileName) { return m_state->Open(FileName, FileKind::Rtf); }
 
-int Report::OpenFileText(const std::filesystem::path& FileName) { return m->Open(FileName, FileKind::Text); }
+int Report::OpenFileText(const std::filesystem::path& FileName) { return m_state->Open(FileName, FileKind::Text); }
 
 int Report::SaveFileRTF(const std::filesystem::path& FileName)
 {
-    m->Focus();
+    m_state->Focus();
     FileError error = FileError::OutOfMemory;
-    Attempt([&] { error = m->box.SaveFile(FileName); });
+    Attempt([&] { error = m_state->box.SaveFile(FileName); });
     if (error == FileError::None)
-        m->changed = false;
+        m_state->changed = false;
     return static_cast<int>(error);
 }
 

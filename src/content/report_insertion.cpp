@@ -40,15 +40,15 @@ void Report::State::ResetCharset()
 
 int Report::InsertStringRTF(std::u16string_view richtext, std::u16string_view FindText)
 {
-    const int caret = m->InsertAt(FindText, [&] { m->box.SetSelRTF(richtext); });
+    const int caret = m_state->InsertAt(FindText, [&] { m_state->box.SetSelRTF(richtext); });
     if (caret >= 0)
-        Attempt([&] { m->ResetCharset(); });
+        Attempt([&] { m_state->ResetCharset(); });
     return caret;
 }
 
 int Report::InsertStringText(std::u16string_view txt, std::u16string_view FindText)
 {
-    return m->InsertAt(FindText, [&] { m->box.SetSelText(txt); });
+    return m_state->InsertAt(FindText, [&] { m_state->box.SetSelText(txt); });
 }
 
 int Report::InsertFileRTF(const std::filesystem::path& FileName, std::u16string_view FindText)
@@ -57,9 +57,9 @@ int Report::InsertFileRTF(const std::filesystem::path& FileName, std::u16string_
     Attempt([&] { file = ReadFile(FileName); });
     if (file.error != FileError::None)
         return -static_cast<int>(file.error);
-    const int caret = m->InsertAt(FindText, [&] { m->box.SetSelRTFBytes(file.bytes); });
+    const int caret = m_state->InsertAt(FindText, [&] { m_state->box.SetSelRTFBytes(file.bytes); });
     if (caret >= 0)
-        Attempt([&] { m->ResetCharset(); });
+        Attempt([&] { m_state->ResetCharset(); });
     return caret;
 }
 
@@ -87,8 +87,8 @@ void HideLast(TextBox& box, std::u16string_view text)
 
 int Report::InsertStringHidden(std::u16string_view txth, std::u16string_view LF)
 {
-    TextBox& box = m->box;
-    m->Focus();
+    TextBox& box = m_state->box;
+    m_state->Focus();
     int start = box.SelStart();
     int length = box.SelLength();
     const int hiddenLength = static_cast<int>(txth.size());
@@ -115,41 +115,41 @@ int Report::InsertStringHidden(std::u16string_view txth, std::u16string_view LF)
     Attempt([&] { box.SetSelLength(length); });
     Attempt([&] { box.SetSelStart(start + lineLength); });
     const int caret = box.SelStart();
-    m->Refresh();
+    m_state->Refresh();
     return caret;
 }
 
 std::u16string Report::PreviousField(std::u16string_view Prefix, std::u16string_view Suffix, bool RTFcode)
 {
-    m->Focus();
-    m->Lock(true);
-    m->redrawEnabled = false;
+    m_state->Focus();
+    m_state->Lock(true);
+    m_state->redrawEnabled = false;
     std::u16string field;
-    int start = m->box.SelStart();
-    const int length = m->box.SelLength();
+    int start = m_state->box.SelStart();
+    const int length = m_state->box.SelLength();
     const bool isPossible = !Prefix.empty() && !Suffix.empty();
     if (isPossible && start < 2)
-        start = m->box.TextLength();
+        start = m_state->box.TextLength();
     if (isPossible && RTFcode)
     {
         // The range begins at position 1, not 0: a contract with hosts.
         std::u16string source;
-        Attempt([&] { m->box.SetSelStart(1); });
-        Attempt([&] { m->box.SetSelLength(start); });
-        Attempt([&] { source = m->box.SelRTF(); });
+        Attempt([&] { m_state->box.SetSelStart(1); });
+        Attempt([&] { m_state->box.SetSelLength(start); });
+        Attempt([&] { source = m_state->box.SelRTF(); });
         Attempt([&] { field = FieldInSource(source, Prefix, Suffix); });
     }
     else if (isPossible)
-        Attempt([&] { field = FieldInText(m->box.Value(), start, Prefix, Suffix); });
+        Attempt([&] { field = FieldInText(m_state->box.Value(), start, Prefix, Suffix); });
     if (RTFcode)
     {
-        Attempt([&] { m->box.SetSelStart(start); });
-        Attempt([&] { m->box.SetSelLength(length); });
+        Attempt([&] { m_state->box.SetSelStart(start); });
+        Attempt([&] { m_state->box.SetSelLength(length); });
     }
-    Attempt([&] { m->EndStep(); });
-    m->Lock(false);
-    m->redrawEnabled = true;
-    m->Focus();
+    Attempt([&] { m_state->EndStep(); });
+    m_state->Lock(false);
+    m_state->redrawEnabled = true;
+    m_state->Focus();
     return field;
 }
 

@@ -11,35 +11,35 @@
 namespace quillmarker
 {
 
-TextBox::TextBox() : m(std::make_unique<State>(*this)) {}
+TextBox::TextBox() : m_state(std::make_unique<State>(*this)) {}
 TextBox::~TextBox() = default;
 
-std::u16string TextBox::Text() const { return m->document.Text(); }
+std::u16string TextBox::Text() const { return m_state->document.Text(); }
 
-std::int32_t TextBox::TextLength() const { return m->document.Size(); }
+std::int32_t TextBox::TextLength() const { return m_state->document.Size(); }
 
 void TextBox::SetText(std::u16string_view text)
 {
     if (LengthInDocument(text) > kMaxTextUnits)
         return;
-    const Document empty(m->FormatOfFont());
-    m->Edit(WithText(empty, {}, text, empty.ParagraphAt(0).Ending().charFormat), {});
+    const Document empty(m_state->FormatOfFont());
+    m_state->Edit(WithText(empty, {}, text, empty.ParagraphAt(0).Ending().charFormat), {});
 }
 
 std::u16string TextBox::TextRTF() const
 {
-    const std::string rtf = WriteRtf(m->document);
+    const std::string rtf = WriteRtf(m_state->document);
     return {rtf.begin(), rtf.end()};
 }
 
 void TextBox::SetTextRTF(std::u16string_view rtf)
 {
-    m->Edit(ReadRtf(rtf, {.defaultFormat = m->FormatOfFont(), .formats = {}}), {});
+    m_state->Edit(ReadRtf(rtf, {.defaultFormat = m_state->FormatOfFont(), .formats = {}}), {});
 }
 
 void TextBox::SetTextRTFBytes(std::string_view rtf)
 {
-    m->Edit(ReadRtf(rtf, {.defaultFormat = m->FormatOfFont(), .formats = {}}), {});
+    m_state->Edit(ReadRtf(rtf, {.defaultFormat = m_state->FormatOfFont(), .formats = {}}), {});
 }
 
 FileError TextBox::LoadFile(const std::filesystem::path& path, FileKind kind)
@@ -47,7 +47,7 @@ FileError TextBox::LoadFile(const std::filesystem::path& path, FileKind kind)
     const FileContents file = ReadFile(path);
     if (file.error != FileError::None)
         return file.error;
-    const CharFormat format = m->FormatOfFont();
+    const CharFormat format = m_state->FormatOfFont();
     if (kind == FileKind::Rtf)
     {
         OpenValue(ReadRtf(file.bytes, {.defaultFormat = format, .formats = {}}));
@@ -60,10 +60,10 @@ FileError TextBox::LoadFile(const std::filesystem::path& path, FileKind kind)
 
 FileError TextBox::SaveFile(const std::filesystem::path& path, FileKind kind) const
 {
-    return WriteFile(path, kind == FileKind::Rtf ? WriteRtf(m->document) : ToUtf8(m->document.Text()));
+    return WriteFile(path, kind == FileKind::Rtf ? WriteRtf(m_state->document) : ToUtf8(m_state->document.Text()));
 }
 
-std::int32_t TextBox::SelStart() const { return m->selection.start; }
+std::int32_t TextBox::SelStart() const { return m_state->selection.start; }
 
 void TextBox::SetSelStart(std::int32_t start)
 {
@@ -71,27 +71,27 @@ void TextBox::SetSelStart(std::int32_t start)
         return;
     const Position end{TextLength()};
     const Position caret = std::min(Position{start}, end);
-    m->Select({Snapped(m->document, {caret, caret}).begin.value, 0});
+    m_state->Select({Snapped(m_state->document, {caret, caret}).begin.value, 0});
 }
 
-std::int32_t TextBox::SelLength() const { return m->selection.length; }
+std::int32_t TextBox::SelLength() const { return m_state->selection.length; }
 
 void TextBox::SetSelLength(std::int32_t length)
 {
     if (length < 0)
         return;
-    const Position begin{m->selection.start};
+    const Position begin{m_state->selection.start};
     const Position end = begin + std::min(length, TextLength() - begin.value);
-    m->Select({begin.value, Snapped(m->document, {begin, end}).Length()});
+    m_state->Select({begin.value, Snapped(m_state->document, {begin, end}).Length()});
 }
 
-std::u16string TextBox::SelText() const { return m->document.Text(m->Range()); }
+std::u16string TextBox::SelText() const { return m_state->document.Text(m_state->Range()); }
 
-void TextBox::SetSelText(std::u16string_view text) { m->PutText(text, StepKind::Separate); }
+void TextBox::SetSelText(std::u16string_view text) { m_state->PutText(text, StepKind::Separate); }
 
 std::u16string TextBox::SelRTF() const
 {
-    const std::string rtf = WriteRtf(Slice(m->document, m->Range()), RtfScope::Fragment);
+    const std::string rtf = WriteRtf(Slice(m_state->document, m_state->Range()), RtfScope::Fragment);
     return {rtf.begin(), rtf.end()};
 }
 
@@ -99,20 +99,20 @@ void TextBox::SetSelRTF(std::u16string_view rtf)
 {
     // Of a long text that is no RTF only the begin is looked at here.
     if (IsRtf(ToUtf8(rtf.substr(0, 4'096))))
-        m->PutFragment(ReadRtf(rtf, m->ReadingHere()), StepKind::Separate);
+        m_state->PutFragment(ReadRtf(rtf, m_state->ReadingHere()), StepKind::Separate);
     else
-        m->PutText(rtf, StepKind::Separate);
+        m_state->PutText(rtf, StepKind::Separate);
 }
 
 void TextBox::SetSelRTFBytes(std::string_view rtf)
 {
     if (IsRtf(rtf))
-        m->PutFragment(ReadRtf(rtf, m->ReadingHere()), StepKind::Separate);
+        m_state->PutFragment(ReadRtf(rtf, m_state->ReadingHere()), StepKind::Separate);
     else
-        m->PutText(DecodePlainText(rtf), StepKind::Separate);
+        m_state->PutText(DecodePlainText(rtf), StepKind::Separate);
 }
 
-std::int32_t TextBox::Find(std::u16string_view text) { return Find(text, m->selection.start); }
+std::int32_t TextBox::Find(std::u16string_view text) { return Find(text, m_state->selection.start); }
 
 std::int32_t TextBox::Find(std::u16string_view text, std::int32_t start, std::int32_t end, int options)
 {
@@ -121,63 +121,64 @@ std::int32_t TextBox::Find(std::u16string_view text, std::int32_t start, std::in
     const MatchCase matchCase{(options & kFindMatchCase) != 0};
     const WholeWord wholeWord{(options & kFindWholeWord) != 0};
     const Position limit{end < 0 ? TextLength() : end};
-    const auto found = DocumentSearch(text, matchCase, wholeWord).First(m->document, {{start}, limit});
+    const auto found = DocumentSearch(text, matchCase, wholeWord).First(m_state->document, {{start}, limit});
     if (!found)
         return -1;
-    const TextRange match = Snapped(m->document, {*found, *found + static_cast<std::int32_t>(text.size())});
-    m->Select({match.begin.value, match.Length()});
+    const TextRange match = Snapped(m_state->document, {*found, *found + static_cast<std::int32_t>(text.size())});
+    m_state->Select({match.begin.value, match.Length()});
     return found->value;
 }
 
 void TextBox::InsertObject(InlineObject object)
 {
-    if (!m->HasRoomFor(1))
+    if (!m_state->HasRoomFor(1))
         return;
-    const CharFormatId format = m->document.SharedFormats().Intern(m->FormatToInsert());
-    m->Edit(WithObject(m->document, m->Range(), Shared(std::move(object)), format), {m->selection.start + 1, 0});
+    const CharFormatId format = m_state->document.SharedFormats().Intern(m_state->FormatToInsert());
+    m_state->Edit(WithObject(m_state->document, m_state->Range(), Shared(std::move(object)), format),
+                  {m_state->selection.start + 1, 0});
 }
 
-const Document& TextBox::Value() const { return m->document; }
+const Document& TextBox::Value() const { return m_state->document; }
 
 void TextBox::SetValue(Document document, Selection selection)
 {
     const Position begin{std::max(selection.start, 0)};
     const TextRange range = Snapped(document, {begin, begin + std::clamp(selection.length, 0, kMaxTextUnits)});
-    m->Edit(std::move(document), {range.begin.value, range.Length()});
+    m_state->Edit(std::move(document), {range.begin.value, range.Length()});
 }
 
 void TextBox::OpenValue(Document document)
 {
-    m->history.Clear();
-    m->Show(std::move(document), {});
-    m->history.Clear();
+    m_state->history.Clear();
+    m_state->Show(std::move(document), {});
+    m_state->history.Clear();
 }
 
-bool TextBox::CanUndo() const { return m->history.CanUndo(); }
+bool TextBox::CanUndo() const { return m_state->history.CanUndo(); }
 
-bool TextBox::CanRedo() const { return m->history.CanRedo(); }
+bool TextBox::CanRedo() const { return m_state->history.CanRedo(); }
 
 void TextBox::Undo()
 {
     if (!CanUndo())
         return;
-    Moment earlier = m->history.Undo({m->document, m->selection});
-    if (!earlier.document.IsSameAs(m->document))
-        m->Show(std::move(earlier.document), earlier.selection);
+    Moment earlier = m_state->history.Undo({m_state->document, m_state->selection});
+    if (!earlier.document.IsSameAs(m_state->document))
+        m_state->Show(std::move(earlier.document), earlier.selection);
 }
 
 void TextBox::Redo()
 {
     if (!CanRedo())
         return;
-    Moment later = m->history.Redo({m->document, m->selection});
-    m->Show(std::move(later.document), later.selection);
+    Moment later = m_state->history.Redo({m_state->document, m_state->selection});
+    m_state->Show(std::move(later.document), later.selection);
 }
 
-void TextBox::ClearHistory() { m->history.Clear(); }
+void TextBox::ClearHistory() { m_state->history.Clear(); }
 
-void TextBox::BeginStep() { m->history.Begin({m->document, m->selection}); }
+void TextBox::BeginStep() { m_state->history.Begin({m_state->document, m_state->selection}); }
 
-void TextBox::EndStep() { m->history.End(m->document); }
+void TextBox::EndStep() { m_state->history.End(m_state->document); }
 
 }  // namespace quillmarker

@@ -30,53 +30,62 @@ auto CharValue(const Document& document, TextRange range, const CharFormat& toIn
 
 std::optional<bool> TextBox::SelBold() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.bold; });
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
+                     [](const CharFormat& f) { return f.bold; });
 }
 
-void TextBox::SetSelBold(int on) { m->SetChars({.bold = on != 0}); }
+void TextBox::SetSelBold(int on) { m_state->SetChars({.bold = on != 0}); }
 
 std::optional<bool> TextBox::SelItalic() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.italic; });
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
+                     [](const CharFormat& f) { return f.italic; });
 }
 
-void TextBox::SetSelItalic(int on) { m->SetChars({.italic = on != 0}); }
+void TextBox::SetSelItalic(int on) { m_state->SetChars({.italic = on != 0}); }
 
 std::optional<bool> TextBox::SelUnderline() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(),
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
                      [](const CharFormat& f) { return f.underline != Underline::None; });
 }
 
-void TextBox::SetSelUnderline(int on) { m->SetChars({.underline = on != 0 ? Underline::Single : Underline::None}); }
+void TextBox::SetSelUnderline(int on)
+{
+    m_state->SetChars({.underline = on != 0 ? Underline::Single : Underline::None});
+}
 
 std::optional<bool> TextBox::SelStrikeThru() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.strike; });
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
+                     [](const CharFormat& f) { return f.strike; });
 }
 
-void TextBox::SetSelStrikeThru(int on) { m->SetChars({.strike = on != 0}); }
+void TextBox::SetSelStrikeThru(int on) { m_state->SetChars({.strike = on != 0}); }
 
 std::optional<bool> TextBox::SelProtected() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.protectedText; });
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
+                     [](const CharFormat& f) { return f.protectedText; });
 }
 
-void TextBox::SetSelProtected(int on) { m->SetChars({.protectedText = on != 0}); }
+void TextBox::SetSelProtected(int on) { m_state->SetChars({.protectedText = on != 0}); }
 
 std::optional<std::int32_t> TextBox::SelCharOffset() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.offset.value; });
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
+                     [](const CharFormat& f) { return f.offset.value; });
 }
 
 void TextBox::SetSelCharOffset(std::int32_t twips)
 {
-    m->SetChars({.offset = Twips{std::clamp(twips, -kMaxTwips, kMaxTwips)}});
+    m_state->SetChars({.offset = Twips{std::clamp(twips, -kMaxTwips, kMaxTwips)}});
 }
 
 std::optional<std::u16string> TextBox::SelFontName() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.font.Text(); });
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
+                     [](const CharFormat& f) { return f.font.Text(); });
 }
 
 void TextBox::SetSelFontName(std::u16string_view name)
@@ -91,7 +100,7 @@ void TextBox::SetSelFontName(std::u16string_view name)
     const Name font(text);
     const FontFamily family = FamilyOf(text);
     const bool isSymbol = IsSymbolFont(text);
-    m->ChangeChars([&](CharFormat format) {
+    m_state->ChangeChars([&](CharFormat format) {
         format.font = font;
         format.family = family;
         constexpr std::uint8_t kSymbolCharset = 2;
@@ -105,7 +114,7 @@ void TextBox::SetSelFontName(std::u16string_view name)
 
 std::optional<float> TextBox::SelFontSize() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(),
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
                      [](const CharFormat& f) { return static_cast<float>(f.size.value) / 20; });
 }
 
@@ -114,21 +123,23 @@ void TextBox::SetSelFontSize(float points)
     if (!(points > 0))
         return;
     const auto twips = static_cast<std::int32_t>(std::lround(std::min(points, kMaxPoints) * 20));
-    m->SetChars({.size = Twips{std::max(twips, 1)}});
+    m_state->SetChars({.size = Twips{std::max(twips, 1)}});
 }
 
 std::optional<Colour> TextBox::SelColor() const
 {
-    return CharValue(m->document, m->Range(), m->FormatToInsert(), [](const CharFormat& f) { return f.colour; });
+    return CharValue(m_state->document, m_state->Range(), m_state->FormatToInsert(),
+                     [](const CharFormat& f) { return f.colour; });
 }
 
-void TextBox::SetSelColor(Colour colour) { m->SetChars({.colour = colour}); }
+void TextBox::SetSelColor(Colour colour) { m_state->SetChars({.colour = colour}); }
 
 PartialCharFormat TextBox::SelCharFormat() const
 {
-    return m->selection.length == 0 ? AllOf(m->FormatToInsert()) : CharFormatOver(m->document, m->Range());
+    return m_state->selection.length == 0 ? AllOf(m_state->FormatToInsert())
+                                          : CharFormatOver(m_state->document, m_state->Range());
 }
 
-void TextBox::SetSelCharFormat(const PartialCharFormat& format) { m->SetChars(format); }
+void TextBox::SetSelCharFormat(const PartialCharFormat& format) { m_state->SetChars(format); }
 
 }  // namespace quillmarker

@@ -38,8 +38,8 @@ const std::vector<TabStop>& TabsOf(const ParagraphFormat& format)
 std::vector<TabStop> Sorted(std::vector<TabStop> tabs)
 {
     std::ranges::stable_sort(tabs, {}, &TabStop::position);
-    const auto same = std::ranges::unique(tabs, {}, &TabStop::position);
-    tabs.erase(same.begin(), same.end());
+    const auto samePlace = [](const TabStop& a, const TabStop& b) { return a.position == b.position; };
+    tabs.erase(std::unique(tabs.begin(), tabs.end(), samePlace), tabs.end());
     return tabs;
 }
 
@@ -56,7 +56,7 @@ auto ParagraphValue(const Document& document, TextRange range, Project project)
 
 std::optional<int> TextBox::SelAlignment() const
 {
-    return ParagraphValue(m->document, m->Range(),
+    return ParagraphValue(m_state->document, m_state->Range(),
                           [](const ParagraphFormat& f) { return static_cast<int>(f.alignment); });
 }
 
@@ -64,24 +64,27 @@ void TextBox::SetSelAlignment(int alignment)
 {
     if (alignment < kAlignLeft || alignment > kAlignJustify)
         return;
-    m->ChangeParagraphs([&](ParagraphFormat format) {
+    m_state->ChangeParagraphs([&](ParagraphFormat format) {
         format.alignment = static_cast<Alignment>(alignment);
         return format;
     });
 }
 
-std::optional<bool> TextBox::SelBullet() const { return ParagraphValue(m->document, m->Range(), IsBulleted); }
+std::optional<bool> TextBox::SelBullet() const
+{
+    return ParagraphValue(m_state->document, m_state->Range(), IsBulleted);
+}
 
 void TextBox::SetSelBullet(int on)
 {
     // Mixed hanging indents stay as each paragraph has them.
     const bool setsIndent = SelHangingIndent().has_value();
-    const Twips hanging = on != 0 ? Within(m->bulletIndent) : Twips();
+    const Twips hanging = on != 0 ? Within(m_state->bulletIndent) : Twips();
     Numbering bullet;
-    bullet.indent = Within(m->bulletIndent);
+    bullet.indent = Within(m_state->bulletIndent);
     bullet.text = u"\u2022";
     const Shared<Numbering> numbering = on != 0 ? Shared(bullet) : Shared<Numbering>();
-    m->ChangeParagraphs([&](ParagraphFormat format) {
+    m_state->ChangeParagraphs([&](ParagraphFormat format) {
         if (IsBulleted(format) == (on != 0))
             return format;
         format.numbering = numbering;
@@ -93,12 +96,13 @@ void TextBox::SetSelBullet(int on)
 
 std::optional<std::int32_t> TextBox::SelIndent() const
 {
-    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return IndentOf(f).value; });
+    return ParagraphValue(m_state->document, m_state->Range(),
+                          [](const ParagraphFormat& f) { return IndentOf(f).value; });
 }
 
 void TextBox::SetSelIndent(std::int32_t twips)
 {
-    m->ChangeParagraphs([&](ParagraphFormat format) {
+    m_state->ChangeParagraphs([&](ParagraphFormat format) {
         SetIndents(format, Within(twips), HangingOf(format));
         return format;
     });
@@ -106,12 +110,13 @@ void TextBox::SetSelIndent(std::int32_t twips)
 
 std::optional<std::int32_t> TextBox::SelHangingIndent() const
 {
-    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return HangingOf(f).value; });
+    return ParagraphValue(m_state->document, m_state->Range(),
+                          [](const ParagraphFormat& f) { return HangingOf(f).value; });
 }
 
 void TextBox::SetSelHangingIndent(std::int32_t twips)
 {
-    m->ChangeParagraphs([&](ParagraphFormat format) {
+    m_state->ChangeParagraphs([&](ParagraphFormat format) {
         SetIndents(format, IndentOf(format), Within(twips));
         return format;
     });
@@ -119,12 +124,13 @@ void TextBox::SetSelHangingIndent(std::int32_t twips)
 
 std::optional<std::int32_t> TextBox::SelRightIndent() const
 {
-    return ParagraphValue(m->document, m->Range(), [](const ParagraphFormat& f) { return f.rightIndent.value; });
+    return ParagraphValue(m_state->document, m_state->Range(),
+                          [](const ParagraphFormat& f) { return f.rightIndent.value; });
 }
 
 void TextBox::SetSelRightIndent(std::int32_t twips)
 {
-    m->ChangeParagraphs([&](ParagraphFormat format) {
+    m_state->ChangeParagraphs([&](ParagraphFormat format) {
         format.rightIndent = Within(twips);
         return format;
     });
@@ -132,13 +138,13 @@ void TextBox::SetSelRightIndent(std::int32_t twips)
 
 std::optional<int> TextBox::SelTabCount() const
 {
-    return ParagraphValue(m->document, m->Range(),
+    return ParagraphValue(m_state->document, m_state->Range(),
                           [](const ParagraphFormat& f) { return static_cast<int>(TabsOf(f).size()); });
 }
 
 std::optional<std::int32_t> TextBox::SelTabs(int index) const
 {
-    const auto tabs = ParagraphValue(m->document, m->Range(), TabsOf);
+    const auto tabs = ParagraphValue(m_state->document, m_state->Range(), TabsOf);
     if (!tabs || index < 0 || static_cast<std::size_t>(index) >= tabs->size())
         return std::nullopt;
     return (*tabs)[static_cast<std::size_t>(index)].position.value;
@@ -167,24 +173,27 @@ void TextBox::SetSelTabCount(int count)
 {
     if (count < 0)
         return;
-    std::vector<TabStop> tabs = m->DraftedTabs();
+    std::vector<TabStop> tabs = m_state->DraftedTabs();
     const auto wanted = std::min(static_cast<std::size_t>(count), kMaxTabStops);
     tabs.resize(std::min(tabs.size(), wanted));
     while (tabs.size() < wanted)  // stops that the host places next
         tabs.push_back({tabs.empty() ? kDefaultTab : Within((Sorted(tabs).back().position + kDefaultTab).value)});
-    m->DraftTabs(std::move(tabs));
+    m_state->DraftTabs(std::move(tabs));
 }
 
 void TextBox::SetSelTabs(int index, std::int32_t twips)
 {
-    std::vector<TabStop> tabs = m->DraftedTabs();
+    std::vector<TabStop> tabs = m_state->DraftedTabs();
     if (index < 0 || static_cast<std::size_t>(index) >= tabs.size())
         return;
     tabs[static_cast<std::size_t>(index)].position = Within(twips);
-    m->DraftTabs(std::move(tabs));
+    m_state->DraftTabs(std::move(tabs));
 }
 
-PartialParagraphFormat TextBox::SelParagraphFormat() const { return ParagraphFormatOver(m->document, m->Range()); }
+PartialParagraphFormat TextBox::SelParagraphFormat() const
+{
+    return ParagraphFormatOver(m_state->document, m_state->Range());
+}
 
 void TextBox::SetSelParagraphFormat(const PartialParagraphFormat& format)
 {
@@ -192,50 +201,50 @@ void TextBox::SetSelParagraphFormat(const PartialParagraphFormat& format)
     if (patch.numbering && *patch.numbering && (*patch.numbering)->list != 0)
     {
         Numbering numbering = **patch.numbering;
-        numbering.list = m->document.Formats().ListNumberFor(numbering.list, {numbering});
+        numbering.list = m_state->document.Formats().ListNumberFor(numbering.list, {numbering});
         patch.numbering = Shared(std::move(numbering));
     }
-    m->ChangeParagraphs([&](ParagraphFormat here) { return Patched(std::move(here), patch); });
+    m_state->ChangeParagraphs([&](ParagraphFormat here) { return Patched(std::move(here), patch); });
 }
 
-std::int32_t TextBox::RightMargin() const { return m->rightMargin; }
+std::int32_t TextBox::RightMargin() const { return m_state->rightMargin; }
 
 void TextBox::SetRightMargin(std::int32_t twips)
 {
     if (twips >= 0)
-        m->rightMargin = Within(twips).value;
+        m_state->rightMargin = Within(twips).value;
 }
 
-std::int32_t TextBox::BulletIndent() const { return m->bulletIndent; }
+std::int32_t TextBox::BulletIndent() const { return m_state->bulletIndent; }
 
 void TextBox::SetBulletIndent(std::int32_t twips)
 {
     if (twips >= 0)
-        m->bulletIndent = Within(twips).value;
+        m_state->bulletIndent = Within(twips).value;
 }
 
-Colour TextBox::BackColor() const { return m->backColour; }
+Colour TextBox::BackColor() const { return m_state->backColour; }
 
-void TextBox::SetBackColor(Colour colour) { m->backColour = colour; }
+void TextBox::SetBackColor(Colour colour) { m_state->backColour = colour; }
 
-const BoxFont& TextBox::Font() const { return m->font; }
+const BoxFont& TextBox::Font() const { return m_state->font; }
 
 void TextBox::SetFont(const BoxFont& font)
 {
     if (!(font.size > 0) || font.name.empty())
         return;
-    m->font = font;
+    m_state->font = font;
     const bool isUntouched = TextLength() == 0 && !CanUndo() && !CanRedo();
     if (isUntouched)
-        m->document = Document(m->FormatOfFont());
+        m_state->document = Document(m_state->FormatOfFont());
 }
 
-std::int32_t TextBox::MaxLength() const { return m->maxLength; }
+std::int32_t TextBox::MaxLength() const { return m_state->maxLength; }
 
-void TextBox::SetMaxLength(std::int32_t units) { m->maxLength = std::max(units, 0); }
+void TextBox::SetMaxLength(std::int32_t units) { m_state->maxLength = std::max(units, 0); }
 
-bool TextBox::Locked() const { return m->locked; }
+bool TextBox::Locked() const { return m_state->locked; }
 
-void TextBox::SetLocked(bool locked) { m->locked = locked; }
+void TextBox::SetLocked(bool locked) { m_state->locked = locked; }
 
 }  // namespace quillmarker

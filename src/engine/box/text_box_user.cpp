@@ -91,59 +91,60 @@ bool TextBox::State::DeleteAsUser(TextRange range)
 
 bool TextBox::Type(std::u16string_view text)
 {
-    if (!m->MayEdit(m->Range()))
+    if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const std::u16string_view fitting = m->WithinMaxLength(text);
-    if (fitting.empty() && m->selection.length == 0)
+    const std::u16string_view fitting = m_state->WithinMaxLength(text);
+    if (fitting.empty() && m_state->selection.length == 0)
         return text.empty();
-    CharFormat format = m->FormatToInsert();
+    CharFormat format = m_state->FormatToInsert();
     if (format.protectedText)  // what is written beside protected text is the user's own
     {
         format.protectedText = false;
-        m->insertion = format;
+        m_state->insertion = format;
     }
-    m->PutText(fitting, StepKind::Typing);
+    m_state->PutText(fitting, StepKind::Typing);
     return fitting.size() == text.size();
 }
 
 bool TextBox::TypeBackspace()
 {
-    if (m->selection.length > 0)
-        return m->DeleteAsUser(m->Range());
-    const TextRange before = CharacterBefore(m->document, {m->selection.start});
-    return !IsTableMark(m->document, before) && m->DeleteAsUser(before);
+    if (m_state->selection.length > 0)
+        return m_state->DeleteAsUser(m_state->Range());
+    const TextRange before = CharacterBefore(m_state->document, {m_state->selection.start});
+    return !IsTableMark(m_state->document, before) && m_state->DeleteAsUser(before);
 }
 
 bool TextBox::TypeDelete()
 {
-    if (m->selection.length > 0)
-        return m->DeleteAsUser(m->Range());
-    const TextRange behind = CharacterBehind(m->document, {m->selection.start});
-    return !IsTableMark(m->document, behind) && m->DeleteAsUser(behind);
+    if (m_state->selection.length > 0)
+        return m_state->DeleteAsUser(m_state->Range());
+    const TextRange behind = CharacterBehind(m_state->document, {m_state->selection.start});
+    return !IsTableMark(m_state->document, behind) && m_state->DeleteAsUser(behind);
 }
 
 bool TextBox::PasteText(std::u16string_view text)
 {
-    if (!m->MayEdit(m->Range()))
+    if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const std::u16string_view fitting = m->WithinMaxLength(text);
-    if (!fitting.empty() || m->selection.length > 0)
-        m->PutText(fitting, StepKind::Separate);
+    const std::u16string_view fitting = m_state->WithinMaxLength(text);
+    if (!fitting.empty() || m_state->selection.length > 0)
+        m_state->PutText(fitting, StepKind::Separate);
     return fitting.size() == text.size();
 }
 
 bool TextBox::PasteRTF(std::u16string_view rtf)
 {
-    if (!m->MayEdit(m->Range()))
+    if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const Document fragment = ReadRtf(rtf, m->ReadingHere());
-    const std::int32_t room = m->maxLength <= 0 ? fragment.Size() : m->maxLength - (TextLength() - m->selection.length);
+    const Document fragment = ReadRtf(rtf, m_state->ReadingHere());
+    const std::int32_t room =
+        m_state->maxLength <= 0 ? fragment.Size() : m_state->maxLength - (TextLength() - m_state->selection.length);
     if (fragment.Size() <= room)
     {
-        m->PutFragment(fragment, StepKind::Separate);
+        m_state->PutFragment(fragment, StepKind::Separate);
         return true;
     }
-    m->PutFragment(Slice(fragment, {{0}, {std::max(room, 0)}}), StepKind::Separate);
+    m_state->PutFragment(Slice(fragment, {{0}, {std::max(room, 0)}}), StepKind::Separate);
     return false;
 }
 
@@ -153,8 +154,8 @@ void TextBox::Span(std::u16string_view characters, SpanDirection direction, Char
         return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed);
     };
     const std::u16string text = Text();
-    std::int32_t begin = m->selection.start;
-    std::int32_t end = begin + m->selection.length;
+    std::int32_t begin = m_state->selection.start;
+    std::int32_t end = begin + m_state->selection.length;
     if (direction == SpanDirection::Forward)
         for (; end < TextLength() && isIn(text[static_cast<std::size_t>(end)]); ++end)
         {
@@ -163,8 +164,8 @@ void TextBox::Span(std::u16string_view characters, SpanDirection direction, Char
         for (; begin > 0 && isIn(text[static_cast<std::size_t>(begin) - 1]); --begin)
         {
         }
-    const TextRange range = Snapped(m->document, {{begin}, {end}});
-    m->Select({range.begin.value, range.Length()});
+    const TextRange range = Snapped(m_state->document, {{begin}, {end}});
+    m_state->Select({range.begin.value, range.Length()});
 }
 
 void TextBox::UpTo(std::u16string_view characters, SpanDirection direction, CharacterSet set)
@@ -174,7 +175,7 @@ void TextBox::UpTo(std::u16string_view characters, SpanDirection direction, Char
     };
     const std::u16string text = Text();
     const bool forward = direction == SpanDirection::Forward;
-    std::int32_t at = forward ? m->selection.start + m->selection.length : m->selection.start;
+    std::int32_t at = forward ? m_state->selection.start + m_state->selection.length : m_state->selection.start;
     const auto unitAt = [&] { return text[static_cast<std::size_t>(forward ? at : at - 1)]; };
     while (forward ? at < TextLength() : at > 0)
     {

@@ -46,7 +46,7 @@ ParagraphRef Paragraph::Make(std::u16string_view text, std::span<const Run> runs
         std::memcpy(behind, runs.data(), runs.size_bytes());
     if (!text.empty())
         std::memcpy(behind + runs.size_bytes(), text.data(), text.size() * sizeof(char16_t));
-    const ParagraphRef owned = ParagraphRef::Adopt(paragraph);
+    ParagraphRef owned = ParagraphRef::Adopt(paragraph);
     if (!extras.IsEmpty())
         paragraph->m_extras = std::make_unique<const ParagraphExtras>(std::move(extras));
     return owned;

@@ -86,7 +86,7 @@ public:
     void PutPageNumber();
     void PutUnit(char16_t unit);
     void PutUnicode(std::int32_t value);
-    void EndParagraph(Mark mark, Shared<TableRow> row = {}, Shared<Section> section = {});
+    void EndParagraph(Mark kind, Shared<TableRow> row = {}, Shared<Section> section = {});
     void EndCell(int depth);
     void EndRow(int depth);
     void EndSection();
@@ -96,7 +96,7 @@ public:
 private:
     void HandleWord(const Token& token);
     void HandleSymbol(char symbol);
-    void HandleText(const Token& token);
+    void HandleText(const Token& source);
     void HandleByte(unsigned char byte);
     void CloseGroup();
     void EndGroup(const ReaderState& left);
@@ -129,7 +129,7 @@ private:
     ParagraphFormatId ParagraphId();
     ParagraphMark MarkNow(Mark kind);
     Shared<Numbering> ListNumbering(std::int32_t list, std::int32_t level);
-    Numbering NumberingOf(const ListLevel& level, std::int32_t list, std::int32_t number) const;
+    Numbering NumberingOf(const ListLevel& source, std::int32_t list, std::int32_t level) const;
     std::int32_t ListNumber(std::int32_t list);
     Story& StoryNow() { return *m_stories.back(); }
 

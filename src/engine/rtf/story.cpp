@@ -9,7 +9,7 @@ Shared<Section> Story::TakeFinalSection()
         return {};
     const ParagraphRef last = m_paragraphs.back();
     ParagraphExtras extras = last->Extras();
-    const Shared<Section> section = std::exchange(extras.section, {});
+    Shared<Section> section = std::exchange(extras.section, {});
     m_paragraphs.back() = Paragraph::Make(last->Text(), last->Runs(), last->Ending(), std::move(extras));
     return section;
 }

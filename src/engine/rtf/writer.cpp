@@ -39,7 +39,7 @@ std::string Writer::Write()
     if (isDocument)
     {
         m_out += DocumentWords(m_document.Properties());
-        m_sections.push_back(Shared(m_document.Properties().lastSection));
+        m_sections.emplace_back(m_document.Properties().lastSection);
     }
     const bool isPlain = isDocument && m_sections.size() == 1 && *m_sections.front() == Section();
     if (!m_sections.empty() && !isPlain)

@@ -60,7 +60,7 @@ private:
     void WriteNote(const Note& note);
 
     void UseParagraph(const ParagraphMark& mark);
-    void UseChars(CharFormatId format);
+    void UseChars(CharFormatId id);
     void UseField(const Shared<Field>& field);
     void OpenField(const Shared<Field>& field);
     void CloseField();
