@@ -2,6 +2,7 @@
 #include <quillmarker/rtf.h>
 
 #include "content/report_state.h"
+#include "engine/box/document_loading.h"
 
 #include <algorithm>
 
@@ -69,7 +70,10 @@ void Report::SelectText(int& start, int& finish)
     start = std::min(start, length);
     finish = std::min(finish, length);
     Attempt([&] { m_state->box.SetSelStart(start); });
-    Attempt([&] { m_state->box.SetSelLength(finish == -1 ? length - start : finish - start); });
+    const std::int64_t wanted = std::int64_t{finish == -1 ? length : finish} - start;
+    const bool isLength = wanted == static_cast<int>(wanted);  // else the step fails and is skipped
+    if (isLength)
+        Attempt([&] { m_state->box.SetSelLength(static_cast<int>(wanted)); });
 }
 
 void Report::CursorStart()
@@ -164,10 +168,16 @@ void Report::SetDefaultCharset(int charset) { m_state->defaultCharset = charset;
 int Report::State::Open(const std::filesystem::path& path, FileKind kind)
 {
     FileError error = FileError::OutOfMemory;
-    Focus();
-    Attempt([&] { error = box.LoadFile(path, kind); });
-    if (error != FileError::None)
+    std::optional<Document> opened;
+    Attempt([&] {
+        LoadedDocument loaded = LoadDocument(path, kind, box.Font());
+        error = loaded.error;
+        opened = std::move(loaded.document);
+    });
+    if (!opened)
         return static_cast<int>(error);
+    Focus();
+    Attempt([&] { box.OpenValue(*opened); });
     snapshot.selStart = -1;
     changed = false;
     Refresh();

@@ -1,7 +1,7 @@
 #include "content/previous_field.h"
 #include "content/report_state.h"
 #include "engine/box/file_store.h"
-#include "engine/document/text_search.h"
+#include "engine/document/document_search.h"
 
 #include <quillmarker/report.h>
 
@@ -12,9 +12,15 @@ bool Report::State::SelectMarker(std::u16string_view marker)
 {
     if (marker.empty())
         return true;
-    std::int32_t found = -1;
-    Attempt([&] { found = box.Find(marker); });
-    return found >= 0;
+    std::optional<Position> found;
+    Attempt([&] {
+        const Document& document = box.Value();
+        found = DocumentSearch(marker, MatchCase::No).First(document, {{box.SelStart()}, {document.Size()}});
+    });
+    // Apart from the search: a handler that fails when the selection moves does not unfind the marker.
+    if (found)
+        Attempt([&] { box.Find(marker, found->value); });
+    return found.has_value();
 }
 
 template <class Insert>

@@ -21,16 +21,16 @@ TEST(InsertStringHidden, HidesExactlyItsTextAndPaintsItInTheBackgroundColour)
         EXPECT_EQ(FormatAt(report.Box(), at).colour, at >= 2 && at < 5 ? kPaper : Colour()) << at;
 }
 
-TEST(InsertStringHidden, TheSwitchesHaveNoBlankBehindThem)
+TEST(InsertStringHidden, InsertsPlainTextThenRewritesTheDocumentThenColoursIt)
 {
     Report report;
-    std::u16string source;
-    report.Change = [&] { source = source.empty() ? report.Box().TextRTF() : source; };
-    report.InsertStringHidden(u"123", u"");
-    // The first change is the plain insertion, the second is the document rewritten.
-    EXPECT_EQ(source.find(u"\\v"), source.npos);
-    EXPECT_THAT(ToUtf8(report.RTFString()), testing::ContainsRegex("\\\\v1?23|\\\\v ?123"));
-    EXPECT_EQ(Shown(report), "~1~2~3|");
+    report.Box().SetBackColor(kPaper);
+    std::vector<std::string> seen;
+    report.Change = [&] {
+        seen.push_back(Shown(report) + (FormatAt(report.Box(), 0).colour == kPaper ? " paper" : ""));
+    };
+    report.InsertStringHidden(u"123", u"!");
+    EXPECT_THAT(seen, testing::ElementsAre("123|", "|~1~2~3", "^~1~2~3| paper", "~1~2~3!| paper"));
 }
 
 TEST(InsertStringHidden, TheLineEndBehindItIsOrdinaryText)

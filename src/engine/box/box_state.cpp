@@ -1,9 +1,6 @@
 #include "engine/box/box_state.h"
 
-#include "engine/document/font_family.h"
-
 #include <algorithm>
-#include <cmath>
 
 namespace quillmarker
 {
@@ -18,16 +15,6 @@ void Raise(const std::function<void()>& handler)
 }
 
 }  // namespace
-
-CharFormat TextBox::State::FormatOfFont() const
-{
-    CharFormat format;
-    format.font = Name(font.name);
-    format.family = FamilyOf(font.name);
-    format.size = {std::max(static_cast<std::int32_t>(std::lround(font.size * 20)), 1)};
-    format.charset = static_cast<std::uint8_t>(font.charset);
-    return format;
-}
 
 CharFormat TextBox::State::FormatToInsert() const
 {
@@ -102,7 +89,7 @@ bool TextBox::State::HasRoomFor(std::int32_t units) const
 void TextBox::State::PutText(std::u16string_view text, StepKind kind)
 {
     const std::int32_t length = LengthInDocument(text);
-    if (!HasRoomFor(length))
+    if (!HasRoomFor(length) || (length == 0 && selection.length == 0))
         return;
     const CharFormat format = FormatToInsert();
     Document next = WithText(document, Range(), text, document.SharedFormats().Intern(format));

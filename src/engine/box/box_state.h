@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/box/document_loading.h"
 #include "engine/box/undo_history.h"
 #include "engine/document/edit.h"
 #include "engine/document/format_edit.h"
@@ -41,7 +42,7 @@ private:
 
 struct TextBox::State
 {
-    explicit State(TextBox& owner) : box(owner), document(FormatOfFont()) {}
+    explicit State(TextBox& owner) : box(owner), document(FormatOf(font)) {}
 
     TextBox& box;
     BoxFont font;
@@ -57,9 +58,6 @@ struct TextBox::State
     bool locked = false;
 
     TextRange Range() const { return {{selection.start}, {selection.start + selection.length}}; }
-
-    /// The format of the font member.
-    CharFormat FormatOfFont() const;
 
     /// What text put at the selection has.
     CharFormat FormatToInsert() const;

@@ -1,6 +1,7 @@
 #include <quillmarker/text_box.h>
 
 #include "engine/box/box_state.h"
+#include "engine/box/document_loading.h"
 #include "engine/box/file_store.h"
 #include "engine/document/document_search.h"
 #include "engine/document/utf.h"
@@ -22,7 +23,7 @@ void TextBox::SetText(std::u16string_view text)
 {
     if (LengthInDocument(text) > kMaxTextUnits)
         return;
-    const Document empty(m_state->FormatOfFont());
+    const Document empty(FormatOf(m_state->font));
     m_state->Edit(WithText(empty, {}, text, empty.ParagraphAt(0).Ending().charFormat), {});
 }
 
@@ -34,28 +35,20 @@ std::u16string TextBox::TextRTF() const
 
 void TextBox::SetTextRTF(std::u16string_view rtf)
 {
-    m_state->Edit(ReadRtf(rtf, {.defaultFormat = m_state->FormatOfFont(), .formats = {}}), {});
+    m_state->Edit(ReadRtf(rtf, {.defaultFormat = FormatOf(m_state->font), .formats = {}}), {});
 }
 
 void TextBox::SetTextRTFBytes(std::string_view rtf)
 {
-    m_state->Edit(ReadRtf(rtf, {.defaultFormat = m_state->FormatOfFont(), .formats = {}}), {});
+    m_state->Edit(ReadRtf(rtf, {.defaultFormat = FormatOf(m_state->font), .formats = {}}), {});
 }
 
 FileError TextBox::LoadFile(const std::filesystem::path& path, FileKind kind)
 {
-    const FileContents file = ReadFile(path);
-    if (file.error != FileError::None)
-        return file.error;
-    const CharFormat format = m_state->FormatOfFont();
-    if (kind == FileKind::Rtf)
-    {
-        OpenValue(ReadRtf(file.bytes, {.defaultFormat = format, .formats = {}}));
-        return FileError::None;
-    }
-    const Document empty(format);
-    OpenValue(WithText(empty, {}, DecodePlainText(file.bytes), empty.ParagraphAt(0).Ending().charFormat));
-    return FileError::None;
+    LoadedDocument loaded = LoadDocument(path, kind, m_state->font);
+    if (loaded.document)
+        OpenValue(*std::move(loaded.document));
+    return loaded.error;
 }
 
 FileError TextBox::SaveFile(const std::filesystem::path& path, FileKind kind) const
@@ -151,7 +144,6 @@ void TextBox::OpenValue(Document document)
 {
     m_state->history.Clear();
     m_state->Show(std::move(document), {});
-    m_state->history.Clear();
 }
 
 bool TextBox::CanUndo() const { return m_state->history.CanUndo(); }

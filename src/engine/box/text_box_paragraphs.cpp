@@ -236,7 +236,7 @@ void TextBox::SetFont(const BoxFont& font)
     m_state->font = font;
     const bool isUntouched = TextLength() == 0 && !CanUndo() && !CanRedo();
     if (isUntouched)
-        m_state->document = Document(m_state->FormatOfFont());
+        m_state->document = Document(FormatOf(m_state->font));
 }
 
 std::int32_t TextBox::MaxLength() const { return m_state->maxLength; }

@@ -14,9 +14,9 @@ void UndoHistory::Push(const Moment& moment)
 
 void UndoHistory::Note(const Moment& before, StepKind kind)
 {
-    m_redo.clear();
     if (m_bracket)
         return;
+    m_redo.clear();
     const bool joins = kind == StepKind::Typing && m_isTyping;
     if (!joins)
         Push(before);
@@ -41,8 +41,10 @@ void UndoHistory::End(const Document& now)
 void UndoHistory::CloseBracket(const Document& now)
 {
     const std::optional<Moment> begin = std::exchange(m_bracket, std::nullopt);
-    if (begin && !SameContent(begin->document, now))
-        Push(*begin);
+    if (!begin || SameContent(begin->document, now))
+        return;
+    m_redo.clear();
+    Push(*begin);
 }
 
 bool UndoHistory::CanUndo() const { return !m_undo.empty() || m_bracket.has_value(); }
@@ -68,12 +70,19 @@ Moment UndoHistory::Undo(const Moment& now)
 Moment UndoHistory::Redo(const Moment& now)
 {
     m_isTyping = false;
+    const bool wasBracketed = m_bracket.has_value();
+    if (wasBracketed)
+        CloseBracket(now.document);
     if (m_redo.empty())
+    {
+        if (wasBracketed)
+            m_bracket = now;
         return now;
+    }
     Moment later = std::move(m_redo.back());
     m_redo.pop_back();
     Push(now);
-    if (m_bracket)
+    if (wasBracketed)
         m_bracket = later;
     return later;
 }

@@ -241,9 +241,9 @@ Document WithCharFormats(const Document& document, TextRange range, const CharFo
     FormatMap<CharFormatId, CharFormatChange> map(document.SharedFormats(), change);
     const Location begin = document.Locate(range.begin);
     const Location end = document.Locate(range.end);
-    // The last mark takes no room in the text, so it follows when all of its paragraph does.
-    const bool reachesLastMark =
-        range.end.value == document.Size() && (begin.paragraph < end.paragraph || begin.offset == 0);
+    // The last mark takes no room in the text: it follows a range that reaches it from an earlier paragraph, and not one
+    // inside its own, whose text may be gone again in a moment.
+    const bool reachesLastMark = range.end.value == document.Size() && begin.paragraph < end.paragraph;
     return Reformatted(
         document, {begin.paragraph, end.paragraph}, [&](const ParagraphRef& paragraph, std::int32_t index) {
             const auto length = static_cast<std::uint32_t>(paragraph->Text().size());

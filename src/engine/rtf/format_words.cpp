@@ -65,8 +65,26 @@ void AppendFlagChange(std::string& out, const FlagWord& flag, bool on)
 
 }  // namespace
 
+std::string PlainWords(const CharFormat& format, const WriterTables& tables)
+{
+    std::string out = "\\plain";
+    // Readers differ in what \plain means for the font, so that is always stated.
+    AppendWord(out, "f", tables.Font(format));
+    AppendWord(out, "fs", std::max(ToHalfPoints(format.size), 1));
+    CharFormat stated = tables.Plain();
+    stated.font = format.font;
+    stated.charset = format.charset;
+    stated.family = format.family;
+    stated.size = format.size;
+    const std::string more = CharWords(stated, format, tables);
+    return out + (more.empty() ? " " : more);
+}
+
 std::string CharWords(const CharFormat& from, const CharFormat& to, const WriterTables& tables)
 {
+    // An offset is ended by \plain and not by \up0, which a host that rewrites sizes would take for another offset.
+    if (from.offset != Twips() && to.offset == Twips())
+        return PlainWords(to, tables);
     std::string out;
     if (from.style != to.style)
         AppendWord(out, "cs", tables.CharacterStyle(to.style));
@@ -95,8 +113,6 @@ std::string CharWords(const CharFormat& from, const CharFormat& to, const Writer
         AppendWord(out, kScriptWords[static_cast<std::size_t>(to.script)]);
     if (to.offset != Twips())
         AppendWord(out, to.offset > Twips() ? "up" : "dn", std::abs(ToHalfPoints(to.offset)));
-    else if (from.offset != to.offset)
-        AppendWord(out, "up", 0);
     for (const FlagWord& flag : kFlagWords)
     {
         if (from.*flag.field != to.*flag.field)

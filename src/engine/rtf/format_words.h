@@ -14,6 +14,9 @@ namespace quillmarker
 
 // Formats as control words. Each piece that is not empty ends with a blank, so that text may follow it.
 
+/// All of a format from \plain on.
+std::string PlainWords(const CharFormat& format, const WriterTables& tables);
+
 /// What turns `from` into `to`. \f and \fs stand before \up or \dn, and a text with an offset always states its own
 /// \fs, so that the size can be changed together with the offset by rewriting the source.
 std::string CharWords(const CharFormat& from, const CharFormat& to, const WriterTables& tables);

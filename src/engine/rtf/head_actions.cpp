@@ -108,12 +108,12 @@ void BeginNumbering(Reader& reader, const Keyword&, const Parameter&) { reader.B
 void SetNumberLevel(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     reader.NumberingNow().numbering.level = std::clamp(parameter.value - 1, 0, 8);
-    reader.NumberingNow().numbering.kind = NumberKind::Decimal;
+    reader.NumberingNow().numbering.kind = NumberKind::None;
 }
 
 void SetNumberBody(Reader& reader, const Keyword&, const Parameter&)
 {
-    reader.NumberingNow().numbering.kind = NumberKind::Decimal;
+    reader.NumberingNow().numbering.kind = NumberKind::None;  // a word of its own says which
 }
 
 void SetNumberContinues(Reader& reader, const Keyword&, const Parameter&) { reader.NumberingNow().continues = true; }

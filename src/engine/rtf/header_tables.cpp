@@ -134,8 +134,10 @@ Name StyleSheet::Find(const Names& names, std::int32_t number)
 
 void ListTable::BeginLevel()
 {
-    if (m_levels.size() < kMaxLevels)
-        m_levels.emplace_back().numbering.level = static_cast<std::int32_t>(m_levels.size()) - 1;
+    if (m_levels.size() >= kMaxLevels)
+        return;
+    const auto number = static_cast<std::int32_t>(m_levels.size());
+    m_levels.emplace_back().numbering.level = number;
 }
 
 ListLevel* ListTable::Level() { return m_levels.empty() ? nullptr : &m_levels.back(); }

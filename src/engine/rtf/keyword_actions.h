@@ -343,7 +343,9 @@ template <PictureKind kind>
 void PictureAs(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     reader.PictureNow().picture.kind = kind;
-    reader.PictureNow().picture.mapping = parameter.value;
+    constexpr bool hasNumber =
+        kind == PictureKind::Wmf || kind == PictureKind::Dib || kind == PictureKind::Ddb || kind == PictureKind::Other;
+    reader.PictureNow().picture.mapping = hasNumber ? parameter.value : 0;
 }
 
 template <std::int32_t Picture::*field>

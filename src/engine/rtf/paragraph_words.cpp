@@ -101,7 +101,8 @@ void AppendOldNumbering(std::string& out, const Numbering& numbering, const Writ
         AppendWord(out, "pnlvl", numbering.level + 1);
     else if (!isBullet)
         AppendWord(out, "pnlvlbody");
-    AppendWord(out, kNumberWords[static_cast<std::size_t>(numbering.kind)]);
+    if (numbering.kind != NumberKind::None)
+        AppendWord(out, kNumberWords[static_cast<std::size_t>(numbering.kind)]);
     if (!isBullet || numbering.start != 1)
         AppendWord(out, "pnstart", numbering.start);
     if (numbering.indent != Twips())
@@ -112,8 +113,9 @@ void AppendOldNumbering(std::string& out, const Numbering& numbering, const Writ
         AppendWord(out, kNumberAlignWords[numbering.align]);
     if (!numbering.font.IsEmpty())
         AppendWord(out, "pnf", tables.Font(numbering.font, numbering.fontCharset, FontFamily::Nil));
-    const std::size_t place =
-        isBullet ? numbering.text.size() : numbering.text.find(static_cast<char16_t>(numbering.level));
+    const std::size_t place = isBullet || numbering.kind == NumberKind::None
+                                  ? numbering.text.size()
+                                  : numbering.text.find(static_cast<char16_t>(numbering.level));
     const std::u16string_view text = numbering.text;
     const auto appendText = [&](const char* word, std::u16string_view part) {
         if (part.empty())

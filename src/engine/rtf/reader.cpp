@@ -13,7 +13,9 @@ Reader::Reader(std::string_view source, SourceKind kind, const RtfReading& optio
       m_kind(kind),
       m_options(options),
       m_formats(options.formats ? options.formats : std::make_shared<FormatTable>()),
-      m_documentPage(options.codePage)
+      m_documentPage(options.codePage),
+      m_excessCells(source.size() / 16 + 256),
+      m_lookAhead(source.size() * 4)
 {
     m_stories.push_back(std::make_unique<Story>());
     m_states.Note().chars = options.defaultFormat;
@@ -69,8 +71,7 @@ Document Reader::Read()
     if (const Shared<Section> last = story.TakeFinalSection())
         m_section = *last;
     m_properties.lastSection = m_section;
-    const ParagraphMark end = MarkNow(Mark::Break);
-    Body body = story.Finish(end, m_options.scope == RtfScope::Document);
+    Body body = story.Finish(m_openEnd ? *m_openEnd : MarkNow(Mark::Break), m_options.scope == RtfScope::Document);
     const bool hasProperties = m_options.scope == RtfScope::Document && !(m_properties == DocumentFormat());
     return {std::move(body), m_formats, hasProperties ? Shared(std::move(m_properties)) : Shared<DocumentFormat>()};
 }
@@ -219,13 +220,16 @@ Numbering Reader::NumberingOf(const ListLevel& source, std::int32_t list, std::i
     numbering.level = level;
     numbering.text =
         source.text.empty() ? u"" : source.text.substr(1, std::min<std::size_t>(source.text[0], kMaxNumberText));
-    if (source.font >= 0)
-    {
-        const FontEntry& font = m_fonts[source.font];
-        numbering.font = font.name;
-        numbering.fontCharset = static_cast<std::uint8_t>(font.charset < 0 ? 0 : font.charset);
-    }
+    SetNumberFont(numbering, source.font);
     return numbering;
+}
+
+void Reader::SetNumberFont(Numbering& numbering, std::int32_t font) const
+{
+    if (font < 0 || m_fonts[font].name.IsEmpty())
+        return;
+    numbering.font = m_fonts[font].name;
+    numbering.fontCharset = static_cast<std::uint8_t>(std::max(m_fonts[font].charset, 0));
 }
 
 /// A list keeps its number, unless the document that a fragment is put in has another list of that number.
@@ -263,6 +267,7 @@ void Reader::EndCell(int depth)
         return;
     ParagraphMark mark = MarkNow(Mark::Cell);
     mark.tableDepth = static_cast<std::uint16_t>(depth == 1 ? 1 : std::max<int>(depth, mark.tableDepth));
+    ++m_endedCells;
     StoryNow().EndParagraph(mark);
 }
 
@@ -272,7 +277,7 @@ void Reader::EndRow(int depth)
         return;
     ParagraphMark mark = MarkNow(Mark::Row);
     mark.tableDepth = static_cast<std::uint16_t>(depth == 1 ? 1 : std::max<int>(depth, mark.tableDepth));
-    StoryNow().EndParagraph(mark, m_table.Finished());
+    StoryNow().EndParagraph(mark, m_table.Finished(std::exchange(m_endedCells, 0), m_excessCells));
 }
 
 void Reader::EndSection()

@@ -12,6 +12,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -130,6 +131,7 @@ private:
     ParagraphMark MarkNow(Mark kind);
     Shared<Numbering> ListNumbering(std::int32_t list, std::int32_t level);
     Numbering NumberingOf(const ListLevel& source, std::int32_t list, std::int32_t level) const;
+    void SetNumberFont(Numbering& numbering, std::int32_t font) const;
     std::int32_t ListNumber(std::int32_t list);
     Story& StoryNow() { return *m_stories.back(); }
 
@@ -158,6 +160,10 @@ private:
     std::int32_t m_listId = 0;
     std::int32_t m_overrideNumber = 0;
     CodePage m_documentPage;
+    std::size_t m_endedCells = 0;            // since the latest row ended
+    std::size_t m_excessCells;               // that rows may still describe without having them
+    std::size_t m_lookAhead;                 // bytes that may still be looked at before their time
+    std::optional<ParagraphMark> m_openEnd;  // what holds where the text ends
     std::map<std::pair<std::int32_t, std::int32_t>, Shared<Numbering>> m_listNumberings;
 
     std::map<std::int32_t, std::int32_t> m_listNumbers;  // as in the source -> as in the document

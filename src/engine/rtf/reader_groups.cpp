@@ -20,6 +20,8 @@ void Reader::CloseGroup()
         m_endedStory = EndStory();
     if (m_states.ClosesGroup() && IsIn(Destination::TextBox) && StoryNow().TextSize() > 0)
         EndParagraph(Mark::Break);
+    if (m_states.IsOutermost() && IsInStory())
+        m_openEnd = MarkNow(Mark::Break);
     ReaderState left;
     if (m_states.Close(left))
         EndGroup(left);
@@ -58,9 +60,11 @@ void Reader::SkipGroup()
 void Reader::SkipAlternative()
 {
     const std::size_t start = m_tokens.Offset();
-    if (!m_tokens.SkipNextGroup())
+    if (m_lookAhead == 0 || !m_tokens.SkipNextGroup())
         return;
     const std::size_t behind = m_tokens.Offset();
+    // Where no Unicode form follows, all was looked at in vain; alternatives inside of it must not do so again and again.
+    m_lookAhead -= std::min(m_lookAhead, behind - start);
     for (Token token = m_tokens.Next(); token.kind == TokenKind::Open;)
     {
         token = m_tokens.Next();
@@ -339,12 +343,7 @@ void Reader::EndNumbering()
     if (!IsInStory() || m_numbering.continues)
         return;
     Numbering numbering = m_numbering.Finish();
-    if (m_numbering.font >= 0)
-    {
-        const FontEntry& font = m_fonts[m_numbering.font];
-        numbering.font = font.name;
-        numbering.fontCharset = static_cast<std::uint8_t>(font.charset < 0 ? 0 : font.charset);
-    }
+    SetNumberFont(numbering, m_numbering.font);
     ParagraphProperties().numbering = Shared(std::move(numbering));
 }
 

@@ -103,7 +103,12 @@ public:
     /// Keeps what is known of the state, whether or not a group was opened since: it says nothing new.
     ReaderState& Note() { return m_current; }
 
-    void Open() { ++m_opened; }
+    void Open()
+    {
+        ++m_opened;
+        ++m_depth;
+    }
+    bool IsOutermost() const { return m_depth == 1; }
     bool CanClose() const { return m_opened > 0 || !m_saved.empty(); }
 
     /// Whether the next closing brace ends the group whose destination is in force.
@@ -118,6 +123,7 @@ public:
     /// Closes a group; true when that brought back an earlier state, `left` being the one that ended.
     bool Close(ReaderState& left)
     {
+        --m_depth;
         if (m_opened > 0)
         {
             --m_opened;
@@ -140,6 +146,7 @@ private:
     ReaderState m_current;
     std::vector<Saved> m_saved;
     std::size_t m_opened = 0;
+    std::size_t m_depth = 0;
 };
 
 }  // namespace quillmarker

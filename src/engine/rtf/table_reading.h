@@ -4,7 +4,7 @@
 #include <quillmarker/shared_value.h>
 #include <quillmarker/table_row.h>
 
-#include <optional>
+#include <algorithm>
 #include <string>
 
 namespace quillmarker
@@ -25,6 +25,21 @@ struct TableReading
         if (row.cells.size() < kMaxCells)
             row.cells.push_back(std::move(cell));
         cell = {};
+    }
+
+    /// Ends a row in which `ended` cells ended. A row may describe more of them than it has, but not all rows many more:
+    /// what describes nothing is left out when it outgrows `budget`, since a short word would make a writer repeat it.
+    Shared<TableRow> Finished(std::size_t ended, std::size_t& budget)
+    {
+        const std::size_t excess = row.cells.size() - std::min(ended, row.cells.size());
+        if (excess <= budget)
+        {
+            budget -= excess;
+            return Finished();
+        }
+        TableRow cut = row;
+        cut.cells.resize(std::min(ended, cut.cells.size()));
+        return Shared(std::move(cut));
     }
 
     /// The row as a value; equal rows that follow one another share one.

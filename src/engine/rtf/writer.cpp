@@ -75,26 +75,15 @@ void Writer::WriteBody(const Body& body, LastMark lastMark)
 /// A row's properties stand at its mark, but readers want them before its first cell.
 void Writer::WriteRowStart(const Paragraphs& paragraphs, std::size_t index)
 {
-    std::size_t cells = 0;
     for (; index < paragraphs.size() && paragraphs[index]->Ending().tableDepth > 0; ++index)
     {
         const ParagraphMark& mark = paragraphs[index]->Ending();
-        cells += mark.kind == Mark::Cell && mark.tableDepth == 1 ? 1 : 0;
         if (mark.kind != Mark::Row || mark.tableDepth != 1)
             continue;
         if (paragraphs[index]->Extras().row)
-            WriteRow(paragraphs[index]->Extras().row, cells);
+            m_out += RowWords(*paragraphs[index]->Extras().row, m_tables);
         return;
     }
-}
-
-/// Properties hold until others are stated. They are stated again for every row, for readers that want it so, but not
-/// where a row has fewer cells than they describe: many empty rows would repeat long properties without end.
-void Writer::WriteRow(const Shared<TableRow>& row, std::size_t cells)
-{
-    if (cells >= row->cells.size() || !(m_row == row))
-        m_out += RowWords(*row, m_tables);
-    m_row = row;
 }
 
 void Writer::WriteParagraph(const Paragraph& paragraph)
@@ -191,7 +180,6 @@ void Writer::WriteNested(const char* word, const Body& body, LastMark lastMark)
     const Place outside = m_place;
     std::vector<OpenedField> fields = std::exchange(m_fields, {});
     NumberCounter numbers = std::exchange(m_numbers, {});
-    Shared<TableRow> row = std::exchange(m_row, {});
     m_out += '{';
     AppendWord(m_out, word);
     m_place = {};
@@ -199,7 +187,6 @@ void Writer::WriteNested(const char* word, const Body& body, LastMark lastMark)
     m_out += '}';
     m_fields = std::move(fields);
     m_numbers = std::move(numbers);
-    m_row = std::move(row);
     m_place = outside;
 }
 
@@ -224,19 +211,7 @@ void Writer::UseChars(CharFormatId id)
     const CharFormat& format = m_document.FormatOf(id);
     UseField(format.field);
     if (!m_place.chars)
-    {
-        m_out += "\\plain ";
-        // Readers differ in what \plain means for the font, so the first text states all of it.
-        AppendWord(m_out, "f", m_tables.Font(format));
-        AppendWord(m_out, "fs", std::max(ToHalfPoints(format.size), 1));
-        CharFormat stated = m_tables.Plain();
-        stated.font = format.font;
-        stated.charset = format.charset;
-        stated.family = format.family;
-        stated.size = format.size;
-        const std::string more = CharWords(stated, format, m_tables);
-        m_out += more.empty() ? " " : more;
-    }
+        m_out += PlainWords(format, m_tables);
     else if (*m_place.chars != id)
     {
         const auto key =

@@ -49,7 +49,6 @@ private:
     void WriteParagraph(const Paragraph& paragraph);
     void UseMark(const Paragraph& paragraph);
     void WriteRowStart(const Paragraphs& paragraphs, std::size_t index);
-    void WriteRow(const Shared<TableRow>& row, std::size_t cells);
     void WriteNumber(const ParagraphFormat& format);
     void WriteText(const Paragraph& paragraph, std::uint32_t begin, std::uint32_t end);
     void WriteMark(const Paragraph& paragraph);
@@ -72,7 +71,6 @@ private:
     Place m_place;
     std::vector<OpenedField> m_fields;
     NumberCounter m_numbers;
-    Shared<TableRow> m_row;                   // as stated last
     std::vector<Shared<Section>> m_sections;  // in order; each is written where it begins
     std::size_t m_section = 0;
     std::unordered_map<std::uint64_t, std::string> m_charWords;

@@ -76,6 +76,11 @@ TEST(DamagedSource, AnyByteTwice)
     DamageEachByte([](std::string& source, std::size_t place) { source.insert(place, 1, source[place]); });
 }
 
+TEST(DamagedSource, ADigitPutInAnywhere)
+{
+    DamageEachByte([](std::string& source, std::size_t place) { source.insert(place, 1, '7'); });
+}
+
 TEST(DamagedSource, AnyBitOfAByteFlipped)
 {
     for (const unsigned bit : {0x01U, 0x80U})

@@ -25,7 +25,7 @@ T Unusual()
     else if constexpr (std::is_integral_v<T> || std::is_enum_v<T>)
         return T{2};
     else if constexpr (std::is_same_v<T, Twips>)
-        return Twips{330};
+        return Twips{330};  // NOLINT(bugprone-branch-clone): each branch is of another type
     else if constexpr (std::is_same_v<T, Colour>)
         return Colour::Of(1, 20, 255);
     else if constexpr (std::is_same_v<T, Name>)

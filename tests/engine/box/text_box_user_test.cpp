@@ -1,0 +1,196 @@
+#include "support/sample.h"
+
+#include <gtest/gtest.h>
+
+namespace quillmarker
+{
+namespace
+{
+
+TEST(Typing, GoesToTheCaretAndOverTheSelection)
+{
+    SampleBox box("a^b|c");
+    EXPECT_TRUE(box.Type(u"xy"));
+    EXPECT_EQ(Dump(box), "axy|c");
+    EXPECT_TRUE(box.Type(u"\n"));
+    EXPECT_EQ(Dump(box), "axy\n|c");
+}
+
+TEST(Typing, BackspaceAndDeleteTakeOneCharacter)
+{
+    SampleBox box("a\n\U0001F4C4|\U0001F4C4\nb");
+    EXPECT_TRUE(box.TypeBackspace());
+    EXPECT_EQ(Dump(box), "a\n|\U0001F4C4\nb");
+    EXPECT_TRUE(box.TypeBackspace());
+    EXPECT_EQ(Dump(box), "a|\U0001F4C4\nb");
+    EXPECT_TRUE(box.TypeDelete());
+    EXPECT_EQ(Dump(box), "a|\nb");
+    EXPECT_TRUE(box.TypeDelete());
+    EXPECT_EQ(Dump(box), "a|b");
+}
+
+TEST(Typing, BackspaceAndDeleteTakeTheSelection)
+{
+    SampleBox box("a^bc|d");
+    EXPECT_TRUE(box.TypeBackspace());
+    EXPECT_EQ(Dump(box), "a|d");
+    SampleBox other("a^bc|d");
+    EXPECT_TRUE(other.TypeDelete());
+    EXPECT_EQ(Dump(other), "a|d");
+}
+
+TEST(Typing, NothingIsTakenAtTheEnds)
+{
+    SampleBox box("|a");
+    EXPECT_FALSE(box.TypeBackspace());
+    box.SetSelStart(1);
+    EXPECT_FALSE(box.TypeDelete());
+    EXPECT_EQ(Dump(box), "a|");
+}
+
+TEST(Typing, KeysDoNotTakeTheEndOfACell)
+{
+    SampleBox box("a<cell/>|b<cell/><row/>");
+    EXPECT_FALSE(box.TypeBackspace());
+    box.SetSelStart(3);
+    EXPECT_FALSE(box.TypeDelete());
+    EXPECT_EQ(Dump(box), "a<cell/>b|<cell/><row/>");
+}
+
+TEST(Typing, AfterADeletionLooksLikeWhatWasDeleted)
+{
+    SampleBox box("a<b>b</b>|c");
+    EXPECT_TRUE(box.TypeBackspace());
+    EXPECT_TRUE(box.Type(u"x"));
+    EXPECT_EQ(Dump(box), "a<b>x</b>|c");
+}
+
+TEST(MaxLength, CutsWhatIsTypedAndPasted)
+{
+    SampleBox box("abc|");
+    box.SetMaxLength(5);
+    EXPECT_FALSE(box.Type(u"xyz"));
+    EXPECT_EQ(Dump(box), "abcxy|");
+    EXPECT_FALSE(box.Type(u"z"));
+    EXPECT_FALSE(box.PasteText(u"z"));
+    EXPECT_FALSE(box.PasteRTF(u"{\\rtf1 z}"));
+    EXPECT_EQ(Dump(box), "abcxy|");
+    box.SetSelStart(0);
+    box.SetSelLength(2);
+    EXPECT_FALSE(box.PasteRTF(u"{\\rtf1{\\b 123}}"));
+    EXPECT_EQ(Dump(box), "<b>12</b>|cxy");
+}
+
+TEST(MaxLength, CutsNeitherALineEndNorAPair)
+{
+    SampleBox box("abc|");
+    box.SetMaxLength(4);
+    EXPECT_FALSE(box.Type(u"\n"));
+    EXPECT_FALSE(box.Type(u"\U0001F4C4"));
+    EXPECT_FALSE(box.PasteText(u"\r\n"));
+    EXPECT_EQ(Dump(box), "abc|");
+    box.SetMaxLength(5);
+    EXPECT_TRUE(box.Type(u"\n"));
+    EXPECT_EQ(Dump(box), "abc\n|");
+}
+
+TEST(MaxLength, DoesNotLimitTheHost)
+{
+    SampleBox box("abc|");
+    box.SetMaxLength(4);
+    box.SetSelText(u"defgh");
+    EXPECT_EQ(Dump(box), "abcdefgh|");
+    EXPECT_FALSE(box.Type(u"x"));
+    EXPECT_TRUE(box.TypeBackspace());
+    box.SetText(u"0123456789");
+    EXPECT_EQ(box.TextLength(), 10);
+}
+
+TEST(MaxLength, OfZeroIsNone)
+{
+    SampleBox box("abc|");
+    box.SetMaxLength(0);
+    EXPECT_TRUE(box.PasteText(std::u16string(100000, u'x')));
+}
+
+TEST(Locked, RefusesTheUserAndNotTheHost)
+{
+    SampleBox box("a^b|c");
+    box.SetLocked(true);
+    EXPECT_FALSE(box.Type(u"x"));
+    EXPECT_FALSE(box.TypeBackspace());
+    EXPECT_FALSE(box.TypeDelete());
+    EXPECT_FALSE(box.PasteText(u"x"));
+    EXPECT_FALSE(box.PasteRTF(u"{\\rtf1 x}"));
+    EXPECT_EQ(Dump(box), "a^b|c");
+    box.SetSelText(u"x");
+    box.SetSelRTF(u"{\\rtf1 y}");
+    EXPECT_EQ(Dump(box), "axy|c");
+    box.SetLocked(false);
+    EXPECT_TRUE(box.Type(u"z"));
+}
+
+void ExpectRefused(std::string_view sample)
+{
+    SampleBox box(sample);
+    EXPECT_FALSE(box.Type(u"x")) << sample;
+    EXPECT_FALSE(box.PasteText(u"x")) << sample;
+    EXPECT_FALSE(box.PasteRTF(u"{\\rtf1 x}")) << sample;
+    EXPECT_EQ(Dump(box), sample);
+}
+
+TEST(ProtectedText, IsNotChangedByTheUser)
+{
+    ExpectRefused("a^<p>b</p>|c");
+    ExpectRefused("^a<p>b</p>c|");
+    ExpectRefused("a<p>^b|c</p>");
+    ExpectRefused("<p>b|c</p>");
+}
+
+TEST(ProtectedText, GoesOnFromOneParagraphToTheNext)
+{
+    ExpectRefused("<p>a|\nb</p>");
+    ExpectRefused("<p>a\n|b</p>");
+}
+
+TEST(ProtectedText, IsNotTakenByKeys)
+{
+    SampleBox box("a<p>b</p>|c");
+    EXPECT_FALSE(box.TypeBackspace());
+    box.SetSelStart(1);
+    EXPECT_FALSE(box.TypeDelete());
+    EXPECT_TRUE(box.TypeBackspace());
+    EXPECT_EQ(Dump(box), "|<p>b</p>c");
+}
+
+TEST(ProtectedText, MayBeWrittenBesideAndWhatIsWrittenIsNotProtected)
+{
+    SampleBox box("a<p>b</p>|c");
+    EXPECT_TRUE(box.Type(u"x"));
+    EXPECT_EQ(Dump(box), "a<p>b</p>x|c");
+    box.SetSelStart(1);
+    EXPECT_TRUE(box.Type(u"y"));
+    EXPECT_EQ(Dump(box), "ay|<p>b</p>xc");
+    SampleBox start("|<p>b</p>");
+    EXPECT_TRUE(start.Type(u"x"));
+    EXPECT_EQ(Dump(start), "x|<p>b</p>");
+    SampleBox pasted("<p>b</p>|");
+    EXPECT_TRUE(pasted.PasteText(u"x"));
+    EXPECT_EQ(Dump(pasted), "<p>b</p>x|");
+}
+
+TEST(ProtectedText, IsChangedByTheHost)
+{
+    SampleBox box("a^<p>b</p>|c");
+    box.SetSelBold(true);
+    EXPECT_EQ(Dump(box), "a^<p><b>b</b></p>|c");
+    box.SetSelProtected(0);
+    box.SetSelText(u"x");
+    EXPECT_EQ(Dump(box), "a<b>x</b>|c");
+    SampleBox other("^a<p>b</p>c|");
+    other.SetSelText(u"");
+    EXPECT_EQ(other.Text(), u"");
+}
+
+}  // namespace
+}  // namespace quillmarker
