@@ -4,6 +4,7 @@
 #include "engine/document/tree.h"
 #include "engine/document/utf.h"
 
+#include <algorithm>
 #include <array>
 #include <bitset>
 #include <stdexcept>
@@ -67,15 +68,17 @@ private:
     // Takes one thing from the begin of `rest`: how many bytes it has.
     std::size_t Take(std::string_view rest)
     {
-        switch (rest[0])
-        {
-        case '^': m_anchor = m_units; return 1;
-        case '|': m_caret = m_units; return 1;
-        case '\n': End(Mark::Break); return 1;
-        case '<': return TakeTag(rest);
-        case '\\': Put(rest.substr(1, 1)); return 2;
-        default: break;
-        }
+        const char first = rest[0];
+        if (first == '<')
+            return TakeTag(rest);
+        if (first == '^' || first == '|')
+            (first == '^' ? m_anchor : m_caret) = m_units;
+        else if (first == '\n')
+            End(Mark::Break);
+        else if (first == '\\')
+            Put(rest.substr(1, 1));
+        if (std::string_view("^|\n\\").find(first) != std::string_view::npos)
+            return first == '\\' ? 2 : 1;
         const std::size_t size = std::min(rest.find_first_of("^|\n<\\"), rest.size());
         Put(rest.substr(0, size));
         return size;
@@ -102,12 +105,10 @@ private:
 
     void Set(std::string_view name, bool on)
     {
-        for (const Tag& tag : kTags)
-        {
-            if (tag.name == name)
-                return tag.set(m_format, on);
-        }
-        throw std::invalid_argument("the sample has an unknown tag: " + std::string(name));
+        const auto* tag = std::ranges::find(kTags, name, &Tag::name);
+        if (tag == kTags.end())
+            throw std::invalid_argument("the sample has an unknown tag: " + std::string(name));
+        tag->set(m_format, on);
     }
 
     void Put(std::string_view utf8)
@@ -229,10 +230,7 @@ private:
 
 }  // namespace
 
-Document SampleDocument(std::string_view sample)
-{
-    return Parsing(sample).Result();
-}
+Document SampleDocument(std::string_view sample) { return Parsing(sample).Result(); }
 
 SampleBox::SampleBox(std::string_view sample)
 {
@@ -247,10 +245,7 @@ std::string Dump(const TextBox& box)
     return Writing(box.Value(), Selection{box.SelStart(), box.SelLength()}).Result();
 }
 
-std::string DumpSample(const Document& document)
-{
-    return Writing(document, std::nullopt).Result();
-}
+std::string DumpSample(const Document& document) { return Writing(document, std::nullopt).Result(); }
 
 InlineObject SamplePicture()
 {

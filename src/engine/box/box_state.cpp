@@ -52,20 +52,20 @@ void TextBox::State::RaiseChange() const { Raise(box.Change); }
 
 void TextBox::State::RaiseSelChange() const { Raise(box.SelChange); }
 
-void TextBox::State::Edit(Document next, Selection after, StepKind kind)
+void TextBox::State::Edit(Document next, Selection after, StepKind kind, std::optional<CharFormat> leaves)
 {
     if (next.IsSameAs(document))
         return Select(after);
     history.Note({document, selection}, kind);
-    Show(std::move(next), after);
+    Show(std::move(next), after, std::move(leaves));
 }
 
-void TextBox::State::Show(Document next, Selection after)
+void TextBox::State::Show(Document next, Selection after, std::optional<CharFormat> leaves)
 {
     const bool moved = !(after == selection);
     document = std::move(next);
     selection = after;
-    insertion.reset();
+    insertion = std::move(leaves);
     RaiseChange();
     if (moved)
         RaiseSelChange();
@@ -94,9 +94,8 @@ void TextBox::State::PutText(std::u16string_view text, StepKind kind)
     const CharFormat format = FormatToInsert();
     Document next = WithText(document, Range(), text, document.SharedFormats().Intern(format));
     const bool deletes = length == 0 && selection.length > 0;
-    Edit(std::move(next), {selection.start + length, 0}, kind);
-    if (deletes)
-        insertion = format;  // what is typed in place of deleted text looks like it
+    // What is typed in place of deleted text looks like it.
+    Edit(std::move(next), {selection.start + length, 0}, kind, deletes ? std::optional(format) : std::nullopt);
 }
 
 void TextBox::State::PutFragment(const Document& fragment, StepKind kind)
@@ -122,9 +121,7 @@ void TextBox::State::ChangeChars(const CharFormatChange& change)
 
 void TextBox::State::ChangeParagraphs(const ParagraphFormatChange& change)
 {
-    const std::optional<CharFormat> kept = insertion;
-    Edit(WithParagraphFormats(document, Range(), change), selection);
-    insertion = kept;
+    Edit(WithParagraphFormats(document, Range(), change), selection, StepKind::Separate, insertion);
 }
 
 }  // namespace quillmarker

@@ -66,10 +66,12 @@ struct TextBox::State
     RtfReading ReadingHere() const;
 
     /// Makes `next` the document and selects `after` in it; one step of history, one Change.
-    void Edit(Document next, Selection after, StepKind kind = StepKind::Separate);
+    /// `leaves` becomes the insertion format before anybody hears of the edit.
+    void Edit(Document next, Selection after, StepKind kind = StepKind::Separate,
+              std::optional<CharFormat> leaves = std::nullopt);
 
     /// The document now, from the history or from outside.
-    void Show(Document next, Selection after);
+    void Show(Document next, Selection after, std::optional<CharFormat> leaves = std::nullopt);
 
     /// Moves the selection, whether or not it stands in a mark.
     void Select(Selection next);
@@ -87,6 +89,8 @@ struct TextBox::State
 
     /// Whether the user may change the text of `range`.
     bool MayEdit(TextRange range) const;
+    /// What the user writes beside protected text is not protected.
+    void WriteUnprotected();
     std::u16string_view WithinMaxLength(std::u16string_view text) const;
     bool DeleteAsUser(TextRange range);
 

@@ -9,7 +9,8 @@ namespace quillmarker
 namespace
 {
 
-constexpr std::int32_t kMaxTwips = 4'000'000;
+/// Further than any paper reaches; sums of two such lengths stay within what a file may state.
+constexpr std::int32_t kMaxTwips = 1'000'000;
 
 Twips Within(std::int32_t twips) { return {std::clamp(twips, -kMaxTwips, kMaxTwips)}; }
 
@@ -20,7 +21,7 @@ Twips IndentOf(const ParagraphFormat& format) { return format.leftIndent + forma
 /// The first line `indent` from the edge, the others `hanging` further.
 void SetIndents(ParagraphFormat& format, Twips indent, Twips hanging)
 {
-    format.leftIndent = Within((indent + hanging).value);
+    format.leftIndent = indent + hanging;
     format.firstIndent = -hanging;
 }
 

@@ -53,13 +53,19 @@ bool TextBox::State::MayEdit(TextRange range) const
     if (!range.IsEmpty())
         return !HasProtected(document, range);
     // Between two protected characters, not at their edge: what stands beside protected text may be written.
-    const Location at = document.Locate(range.begin);
-    if (at.offset == 0)
-        return true;
-    const Paragraph& paragraph = document.ParagraphAt(at.paragraph);
-    const auto offset = static_cast<std::uint32_t>(at.offset);
-    return !document.FormatOf(paragraph.FormatAt(offset - 1)).protectedText ||
-           !document.FormatOf(paragraph.FormatAt(offset)).protectedText;
+    const Position end = std::min(range.begin + 1, Position{document.Size()});
+    const bool isAtEdge = range.begin.value == 0 || end == range.begin;
+    return isAtEdge || !HasProtected(document, CharacterBefore(document, range.begin)) ||
+           !HasProtected(document, {range.begin, end});
+}
+
+void TextBox::State::WriteUnprotected()
+{
+    CharFormat format = FormatToInsert();
+    if (!format.protectedText)
+        return;
+    format.protectedText = false;
+    insertion = format;
 }
 
 /// As much of a text as MaxLength leaves room for; a line end and a pair of surrogates are not cut.
@@ -84,8 +90,7 @@ bool TextBox::State::DeleteAsUser(TextRange range)
     const Location begin = document.Locate(range.begin);
     const CharFormat format =
         document.FormatOf(document.ParagraphAt(begin.paragraph).FormatAt(static_cast<std::uint32_t>(begin.offset)));
-    Edit(WithText(document, range, u"", {}), {range.begin.value, 0}, StepKind::Typing);
-    insertion = format;
+    Edit(WithText(document, range, u"", {}), {range.begin.value, 0}, StepKind::Typing, format);
     return true;
 }
 
@@ -96,12 +101,7 @@ bool TextBox::Type(std::u16string_view text)
     const std::u16string_view fitting = m_state->WithinMaxLength(text);
     if (fitting.empty() && m_state->selection.length == 0)
         return text.empty();
-    CharFormat format = m_state->FormatToInsert();
-    if (format.protectedText)  // what is written beside protected text is the user's own
-    {
-        format.protectedText = false;
-        m_state->insertion = format;
-    }
+    m_state->WriteUnprotected();
     m_state->PutText(fitting, StepKind::Typing);
     return fitting.size() == text.size();
 }
@@ -127,8 +127,8 @@ bool TextBox::PasteText(std::u16string_view text)
     if (!m_state->MayEdit(m_state->Range()))
         return false;
     const std::u16string_view fitting = m_state->WithinMaxLength(text);
-    if (!fitting.empty() || m_state->selection.length > 0)
-        m_state->PutText(fitting, StepKind::Separate);
+    m_state->WriteUnprotected();
+    m_state->PutText(fitting, StepKind::Separate);
     return fitting.size() == text.size();
 }
 

@@ -1,5 +1,6 @@
 #include "engine/document/edit.h"
 
+#include "engine/document/format_edit.h"
 #include "engine/document/paragraph_builder.h"
 #include "engine/document/reinterned.h"
 #include "engine/document/tree.h"
@@ -108,8 +109,66 @@ Document WithObject(const Document& document, TextRange range, Shared<InlineObje
     return splice.Finish();
 }
 
-Document WithFragment(const Document& document, TextRange range, const Document& fragment)
+namespace
 {
+
+Shared<Field> FieldAt(const Document& document, Position at)
+{
+    if (at.value < 0 || at.value > document.Size())
+        return {};
+    const Location place = document.Locate(at);
+    const CharFormatId id = document.ParagraphAt(place.paragraph).FormatAt(static_cast<std::uint32_t>(place.offset));
+    return document.FormatOf(id).field;
+}
+
+bool SameButForSerial(const Shared<Field>& a, const Shared<Field>& b)
+{
+    return a && b && a->instruction == b->instruction && a->switches == b->switches && a->outer == b->outer;
+}
+
+/// How the numbers that tell equal neighbours apart have to change in a fragment: a part of a field that is put back is that
+/// field again, and a field put beside an equal one is another.
+std::uint32_t SerialShift(const Document& document, TextRange range, const Shared<Field>& first)
+{
+    const Shared<Field> replaced = range.IsEmpty() ? Shared<Field>() : FieldAt(document, range.begin);
+    if (SameButForSerial(replaced, first))
+        return replaced->serial - first->serial;
+    const Shared<Field> before = FieldAt(document, range.begin - 1);
+    const Shared<Field> behind = FieldAt(document, range.end);
+    const auto isTaken = [&](std::uint32_t shift) {
+        const auto meets = [&](const Shared<Field>& other) {
+            return SameButForSerial(other, first) && other->serial == first->serial + shift;
+        };
+        return meets(before) || meets(behind);
+    };
+    std::uint32_t shift = 0;
+    while (isTaken(shift))
+        ++shift;
+    return shift;
+}
+
+Document FittedTo(const Document& document, TextRange range, const Document& fragment)
+{
+    const Shared<Field> first = FieldAt(fragment, {0});
+    const std::uint32_t shift = first && !first->outer ? SerialShift(document, range, first) : 0;
+    if (shift == 0)
+        return fragment;
+    return WithCharFormats(fragment, {{0}, {fragment.Size()}}, [&](CharFormat format) {
+        if (SameButForSerial(format.field, first))
+        {
+            Field field = *format.field;
+            field.serial += shift;
+            format.field = Shared(std::move(field));
+        }
+        return format;
+    });
+}
+
+}  // namespace
+
+Document WithFragment(const Document& document, TextRange range, const Document& given)
+{
+    const Document fragment = FittedTo(document, Snapped(document, range), given);
     Splice splice(document, range);
     FormatTransfer transfer(fragment.Formats(), document.SharedFormats());
     const std::int32_t last = fragment.ParagraphCount() - 1;

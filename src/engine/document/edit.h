@@ -16,9 +16,9 @@ TextRange Snapped(const Document&, TextRange range);
 /// `text` in place of `range`. CR, LF and CR LF begin a new paragraph like the one they are put in; NULs are left out.
 Document WithText(const Document&, TextRange range, std::u16string_view text, CharFormatId format);
 
-/// A fragment in place of `range`. What stands before its first mark joins the paragraph the range begins in, what
+/// A given fragment in place of `range`. What stands before its first mark joins the paragraph the range begins in, what
 /// stands behind its last mark joins the one it ends in; each mark between brings its own paragraph format.
-Document WithFragment(const Document&, TextRange range, const Document& fragment);
+Document WithFragment(const Document&, TextRange range, const Document& given);
 
 /// An object in place of `range`.
 Document WithObject(const Document&, TextRange range, Shared<InlineObject> object, CharFormatId format);

@@ -86,12 +86,14 @@ std::u16string LinkTarget(const Field& field)
     std::u16string target;
     while (!rest.empty())
     {
+        rest.remove_prefix(std::min(rest.find_first_not_of(u' '), rest.size()));
+        const bool isSwitch = rest.starts_with(u'\\');  // a quoted word that begins so is a path
         const std::u16string word = TakeWord(rest);
-        if (word == u"\\l")
+        if (isSwitch && word == u"\\l")
             target += u"#" + TakeWord(rest);
-        else if (word == u"\\o" || word == u"\\t")
+        else if (isSwitch && (word == u"\\o" || word == u"\\t"))
             TakeWord(rest);
-        else if (!word.starts_with(u"\\") && target.empty())
+        else if (!isSwitch && target.empty())
             target = word;
     }
     return target;

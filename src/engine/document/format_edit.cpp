@@ -28,6 +28,14 @@ ParagraphSpan TouchedBy(const Document& document, TextRange range)
     return {begin.paragraph, stopsBefore ? end.paragraph - 1 : end.paragraph};
 }
 
+/// The last mark takes no room in the text, so no range holds it. It belongs to a range that comes from an earlier
+/// paragraph when its own is empty: nothing else there could show or take a format.
+bool ReachesLastMark(const Document& document, const Location& begin, const Location& end)
+{
+    const bool isLast = end.paragraph == document.ParagraphCount() - 1;
+    return isLast && begin.paragraph < end.paragraph && document.ParagraphAt(end.paragraph).Text().empty();
+}
+
 template <class Full, class Partial, class Fields>
 Full PatchedBy(Full format, const Partial& patch, const Fields& fields)
 {
@@ -204,6 +212,9 @@ void VisitCharFormats(const Document& document, TextRange range, const std::func
         offset = 0;
         return true;
     });
+    const Location end = document.Locate(range.end);
+    if (ReachesLastMark(document, begin, end))
+        meet(document.ParagraphAt(end.paragraph).Ending().charFormat);
 }
 
 void VisitParagraphFormats(const Document& document, TextRange range,
@@ -241,9 +252,7 @@ Document WithCharFormats(const Document& document, TextRange range, const CharFo
     FormatMap<CharFormatId, CharFormatChange> map(document.SharedFormats(), change);
     const Location begin = document.Locate(range.begin);
     const Location end = document.Locate(range.end);
-    // The last mark takes no room in the text: it follows a range that reaches it from an earlier paragraph, and not one
-    // inside its own, whose text may be gone again in a moment.
-    const bool reachesLastMark = range.end.value == document.Size() && begin.paragraph < end.paragraph;
+    const bool reachesLastMark = ReachesLastMark(document, begin, end);
     return Reformatted(
         document, {begin.paragraph, end.paragraph}, [&](const ParagraphRef& paragraph, std::int32_t index) {
             const auto length = static_cast<std::uint32_t>(paragraph->Text().size());

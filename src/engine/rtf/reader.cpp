@@ -68,7 +68,8 @@ Document Reader::Read()
     while (m_states.CanClose())
         CloseGroup();
     Story& story = *m_stories.front();
-    if (const Shared<Section> last = story.TakeFinalSection())
+    const bool isWhole = m_options.scope == RtfScope::Document;
+    if (const Shared<Section> last = isWhole ? story.TakeFinalSection() : Shared<Section>())
         m_section = *last;
     m_properties.lastSection = m_section;
     Body body = story.Finish(m_openEnd ? *m_openEnd : MarkNow(Mark::Break), m_options.scope == RtfScope::Document);

@@ -35,18 +35,20 @@ struct TableReading
         if (excess <= budget)
         {
             budget -= excess;
-            return Finished();
+            return Latest(row);
         }
+        std::vector<TableCell> described = std::move(row.cells);
         TableRow cut = row;
-        cut.cells.resize(std::min(ended, cut.cells.size()));
-        return Shared(std::move(cut));
+        cut.cells.assign(described.begin(), described.begin() + std::ptrdiff_t(std::min(ended, described.size())));
+        row.cells = std::move(described);
+        return Latest(cut);
     }
 
-    /// The row as a value; equal rows that follow one another share one.
-    Shared<TableRow> Finished()
+    /// A row as a value; equal rows that follow one another share one.
+    Shared<TableRow> Latest(const TableRow& finished)
     {
-        if (!latest || !(*latest == row))
-            latest = Shared(row);
+        if (!latest || !(*latest == finished))
+            latest = Shared(finished);
         return latest;
     }
 

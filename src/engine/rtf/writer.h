@@ -19,7 +19,9 @@ namespace quillmarker
 class Writer
 {
 public:
-    Writer(const Document& document, RtfScope scope) : m_document(document), m_scope(scope), m_tables(document) {}
+    Writer(const Document& document, RtfScope scope) : m_document(document), m_scope(scope), m_tables(document, scope)
+    {
+    }
 
     std::string Write();
 

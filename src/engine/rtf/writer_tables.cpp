@@ -16,12 +16,23 @@ constexpr std::int32_t kFirstCharacterStyle = 1'001;
 
 }  // namespace
 
-WriterTables::WriterTables(const Document& document) : m_document(document)
+WriterTables::WriterTables(const Document& document, RtfScope scope) : m_document(document)
 {
     m_seenChars.resize(document.Formats().CharFormatCount());
     m_seenParagraphs.resize(document.Formats().ParagraphFormatCount());
-    Gather(document.Content());
+    const std::int32_t last = document.ParagraphCount() - 1;
+    std::int32_t index = 0;
+    document.Visit(0, [&](const Paragraph& paragraph) {
+        // A fragment ends before its last mark, which is not written.
+        if (index++ == last && scope == RtfScope::Fragment)
+            GatherText(paragraph);
+        else
+            Gather(paragraph);
+        return true;
+    });
     Gather(document.Properties().lastSection);
+    if (m_fontList.empty())
+        Gather(document.FormatOf(document.ParagraphAt(last).Ending().charFormat));
     const auto& [name, charset, family] = m_fontList.front();
     m_plain.font = Name(name);
     m_plain.charset = charset;
@@ -39,19 +50,27 @@ void WriterTables::Gather(const Body& body)
     });
 }
 
+template <class Id>
+void WriterTables::GatherOnce(Id id, std::vector<bool>& seen)
+{
+    const auto number = static_cast<std::size_t>(id);
+    if (seen[number])
+        return;
+    seen[number] = true;
+    Gather(m_document.FormatOf(id));
+}
+
 void WriterTables::Gather(const Paragraph& paragraph)
 {
-    const auto gatherOnce = [&](auto id, std::vector<bool>& seen) {
-        const auto number = static_cast<std::size_t>(id);
-        if (seen[number])
-            return;
-        seen[number] = true;
-        Gather(m_document.FormatOf(id));
-    };
+    GatherText(paragraph);
+    GatherOnce(paragraph.Ending().charFormat, m_seenChars);
+}
+
+void WriterTables::GatherText(const Paragraph& paragraph)
+{
     for (const Run& run : paragraph.Runs())
-        gatherOnce(run.format, m_seenChars);
-    gatherOnce(paragraph.Ending().charFormat, m_seenChars);
-    gatherOnce(paragraph.Ending().format, m_seenParagraphs);
+        GatherOnce(run.format, m_seenChars);
+    GatherOnce(paragraph.Ending().format, m_seenParagraphs);
     if (!paragraph.HasExtras())
         return;
     const ParagraphExtras& extras = paragraph.Extras();

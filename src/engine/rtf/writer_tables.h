@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillmarker/document.h>
+#include <quillmarker/rtf.h>
 
 #include <cstdint>
 #include <map>
@@ -18,7 +19,7 @@ class WriterTables
 {
 public:
     /// Gathers what the document uses, its headers, notes and objects included.
-    explicit WriterTables(const Document& document);
+    WriterTables(const Document& document, RtfScope scope);
 
     std::int32_t Font(const CharFormat& format) const { return Font(format.font, format.charset, format.family); }
     std::int32_t Font(const Name& name, std::uint8_t charset, FontFamily family) const;
@@ -36,7 +37,10 @@ private:
     using StyleNumbers = std::map<std::u16string, std::int32_t>;
 
     void Gather(const Body& body);
+    template <class Id>
+    void GatherOnce(Id id, std::vector<bool>& seen);
     void Gather(const Paragraph& paragraph);
+    void GatherText(const Paragraph& paragraph);
     void Gather(const CharFormat& format);
     void Gather(const ParagraphFormat& format);
     void Gather(const Numbering& numbering);

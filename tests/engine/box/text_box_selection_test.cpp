@@ -146,14 +146,14 @@ TEST(TextBoxText, AtTheCaretIsLikeTheCharacterBeforeAndAtAParagraphsStartLikeThe
     EXPECT_EQ(Dump(inside), "<b>ax</b>|b");
     SampleBox start("<i>a\n</i>|<b>b</b>");
     start.SetSelText(u"x");
-    EXPECT_EQ(Dump(start), "<i>a\n</i><b>x</b>|<b>b</b>");
+    EXPECT_EQ(Dump(start), "<i>a\n</i><b>x|b</b>");
 }
 
 TEST(TextBoxText, InAnEmptyParagraphIsLikeItsMark)
 {
     SampleBox box("a\n|<b>\n</b>c");
     box.SetSelText(u"x");
-    EXPECT_EQ(Dump(box), "a\n<b>x</b>|<b>\n</b>c");
+    EXPECT_EQ(Dump(box), "a\n<b>x|\n</b>c");
 }
 
 TEST(TextBoxText, BehindHiddenTextIsNotHidden)

@@ -143,7 +143,7 @@ TEST(ProtectedText, IsNotChangedByTheUser)
 {
     ExpectRefused("a^<p>b</p>|c");
     ExpectRefused("^a<p>b</p>c|");
-    ExpectRefused("a<p>^b|c</p>");
+    ExpectRefused("a^<p>b|c</p>");
     ExpectRefused("<p>b|c</p>");
 }
 

@@ -60,10 +60,7 @@ std::u16string RandomNeedle(std::mt19937& random, std::u16string_view text)
     return needle;
 }
 
-Places ValueOf(std::optional<Position> position)
-{
-    return position ? Places(position->value) : std::nullopt;
-}
+Places ValueOf(std::optional<Position> position) { return position ? Places(position->value) : std::nullopt; }
 
 TEST(DocumentSearch, FindsTheFirstAndTheLastThatAPlainLoopFinds)
 {
@@ -100,15 +97,9 @@ TEST(DocumentSearch, NothingIsFoundWithoutATextOrADocument)
     EXPECT_EQ(First("", u""), std::nullopt);
 }
 
-TEST(DocumentSearch, FormatsDoNotHideAText)
-{
-    EXPECT_EQ(First("a<b>{{</b>na<i>me}</i>}", u"{{name}}"), 1);
-}
+TEST(DocumentSearch, FormatsDoNotHideAText) { EXPECT_EQ(First("a<b>{{</b>na<i>me}</i>}", u"{{name}}"), 1); }
 
-TEST(DocumentSearch, HiddenTextIsFound)
-{
-    EXPECT_EQ(First("a<h>MARK</h>b", u"mark"), 1);
-}
+TEST(DocumentSearch, HiddenTextIsFound) { EXPECT_EQ(First("a<h>MARK</h>b", u"mark"), 1); }
 
 TEST(DocumentSearch, ATextMayRunOverLineEndsCellsAndRows)
 {

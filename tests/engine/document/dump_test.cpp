@@ -31,10 +31,7 @@ TEST(Dump, ShowsEverythingADocumentHolds)
     ExpectGolden("tests/engine/document/golden/rich.txt", Dump(ReadRtf(std::string_view(kRich))));
 }
 
-TEST(Dump, IsOneLineForAnEmptyDocumentAndItsMark)
-{
-    EXPECT_EQ(Dump(Document(CharFormat())), "paragraph\n  mark\n");
-}
+TEST(Dump, IsOneLineForAnEmptyDocumentAndItsMark) { EXPECT_EQ(Dump(Document(CharFormat())), "paragraph\n  mark\n"); }
 
 TEST(Dump, QuotesWhatCannotBeSeen)
 {

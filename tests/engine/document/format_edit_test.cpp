@@ -42,14 +42,15 @@ TEST(CharFormatEdit, ARangeThatTouchesALineEndTakesAllOfIt)
     EXPECT_EQ(Bold("a\nb", 2, 4), "a<b>\nb</b>");
 }
 
-TEST(CharFormatEdit, TheLastMarkFollowsWhenAllOfItsParagraphDoes)
+TEST(CharFormatEdit, AnEmptyLastParagraphsMarkFollowsARangeThatReachesIt)
 {
     const auto lastMarkIsBold = [](std::string_view sample, std::int32_t begin, std::int32_t end) {
         const Document after = WithCharFormat(SampleDocument(sample), {{begin}, {end}}, {.bold = true});
         return after.FormatOf(after.ParagraphAt(after.ParagraphCount() - 1).Ending().charFormat).bold;
     };
-    EXPECT_TRUE(lastMarkIsBold("ab", 0, 2));
-    EXPECT_TRUE(lastMarkIsBold("a\nb", 0, 4));
+    EXPECT_TRUE(lastMarkIsBold("a\n", 0, 3));
+    EXPECT_FALSE(lastMarkIsBold("a\nb", 0, 4));
+    EXPECT_FALSE(lastMarkIsBold("ab", 0, 2));
     EXPECT_FALSE(lastMarkIsBold("ab", 1, 2));
     EXPECT_FALSE(lastMarkIsBold("ab", 0, 1));
 }
@@ -73,8 +74,7 @@ TEST(CharFormatEdit, AnEmptyRangeHasNoFormatAtAll)
 TEST(ParagraphFormatEdit, TouchesTheParagraphsOfTheRange)
 {
     const auto keeps = [](std::int32_t begin, std::int32_t end) {
-        const Document after =
-            WithParagraphFormat(SampleDocument("a\nb\nc"), {{begin}, {end}}, {.keepLines = true});
+        const Document after = WithParagraphFormat(SampleDocument("a\nb\nc"), {{begin}, {end}}, {.keepLines = true});
         std::string kept;
         after.Visit(0, [&](const Paragraph& paragraph) {
             kept += after.FormatOf(paragraph.Ending().format).keepLines ? 'x' : '.';

@@ -23,10 +23,7 @@ struct Chars
     static constexpr const auto& kFields = kCharFields;
     static Partial Over(const Document& document, TextRange range) { return CharFormatOver(document, range); }
     static Document With(const Document& d, TextRange range, const Partial& p) { return WithCharFormat(d, range, p); }
-    static Full FirstOf(const Document& document)
-    {
-        return document.FormatOf(document.ParagraphAt(0).FormatAt(0));
-    }
+    static Full FirstOf(const Document& document) { return document.FormatOf(document.ParagraphAt(0).FormatAt(0)); }
 };
 
 struct ParagraphsOf
@@ -39,10 +36,7 @@ struct ParagraphsOf
     {
         return WithParagraphFormat(d, range, p);
     }
-    static Full FirstOf(const Document& document)
-    {
-        return document.FormatOf(document.ParagraphAt(0).Ending().format);
-    }
+    static Full FirstOf(const Document& document) { return document.FormatOf(document.ParagraphAt(0).Ending().format); }
 };
 
 template <class Kind>

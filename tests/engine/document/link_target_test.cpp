@@ -7,7 +7,10 @@ namespace quillmarker
 namespace
 {
 
-std::u16string Target(std::u16string instruction) { return LinkTarget({.instruction = std::move(instruction), .switches = "", .outer = {}}); }
+std::u16string Target(std::u16string instruction)
+{
+    return LinkTarget({.instruction = std::move(instruction), .switches = "", .outer = {}});
+}
 
 TEST(LinkTarget, IsTheAddressInQuotesOrWithout)
 {

@@ -26,9 +26,24 @@ TEST(SameContent, HoldsForDocumentsThatWereMadeTheSameWay)
 
 TEST(SameContent, DoesNotHoldForAnyTwoSamplesThatDiffer)
 {
-    constexpr std::array kSamples = {"",         "a",           "b",         "a\n",   "<b>a</b>",           "a<b>\n</b>",
-                                     "a<cell/>", "a<cell/>\n",  "a<row/>",   "\t",    "a<cell/>b<row/>",    "<pic/>",
-                                     "a<pic/>",  "<i>a</i>",    "<h>a</h>",  "<cell/>", "a<cell/>b<cell/><row/>", "\n\n"};
+    constexpr std::array kSamples = {"",
+                                     "a",
+                                     "b",
+                                     "a\n",
+                                     "<b>a</b>",
+                                     "a<b>\n</b>",
+                                     "a<cell/>",
+                                     "a<cell/>\n",
+                                     "a<row/>",
+                                     "\t",
+                                     "a<cell/>b<row/>",
+                                     "<pic/>",
+                                     "a<pic/>",
+                                     "<i>a</i>",
+                                     "<h>a</h>",
+                                     "<cell/>",
+                                     "a<cell/>b<cell/><row/>",
+                                     "\n\n"};
     for (const char* left : kSamples)
     {
         for (const char* right : kSamples)
@@ -45,15 +60,15 @@ TEST(SameContent, SeesWhatTheLastMarkCarries)
 
 TEST(SameContent, SeesTheRowsProperties)
 {
-    EXPECT_FALSE(SameContent(Read("\\trowd\\cellx100\\intbl a\\cell\\row"), Read("\\trowd\\cellx200\\intbl a\\cell\\row")));
-    EXPECT_TRUE(SameContent(Read("\\trowd\\cellx100\\intbl a\\cell\\row"), Read("\\trowd\\cellx100\\intbl a\\cell\\row")));
+    EXPECT_FALSE(
+        SameContent(Read("\\trowd\\cellx100\\intbl a\\cell\\row"), Read("\\trowd\\cellx200\\intbl a\\cell\\row")));
+    EXPECT_TRUE(
+        SameContent(Read("\\trowd\\cellx100\\intbl a\\cell\\row"), Read("\\trowd\\cellx100\\intbl a\\cell\\row")));
 }
 
 TEST(SameContent, SeesNestedBodies)
 {
-    const auto footnote = [](const char* text) {
-        return Read("a{\\footnote " + std::string(text) + "}");
-    };
+    const auto footnote = [](const char* text) { return Read("a{\\footnote " + std::string(text) + "}"); };
     EXPECT_TRUE(SameContent(footnote("one"), footnote("one")));
     EXPECT_FALSE(SameContent(footnote("one"), footnote("two")));
     EXPECT_FALSE(SameContent(footnote("one"), footnote("\\b one")));
