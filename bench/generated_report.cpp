@@ -142,8 +142,12 @@ private:
 
 std::string MarkerName(int number)
 {
+    constexpr std::size_t kDigits = 5;
     const std::string digits = std::to_string(number);
-    return "<<field " + std::string(5 - std::min<std::size_t>(digits.size(), 5), '0') + digits + ">>";
+    std::string name = "<<field ";
+    name.append(kDigits - std::min(digits.size(), kDigits), '0');
+    name += digits;
+    return name + ">>";
 }
 
 std::string GeneratedReport(const ReportShape& shape) { return Writer(shape).Write(); }

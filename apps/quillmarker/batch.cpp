@@ -140,9 +140,9 @@ private:
         Filling filling = Fill(report, data, m_batch.folder);
         if (!filling.error.empty())
             return Failure{filling.error};
-        if (const auto folder = MakeFolderFor(name); !folder)
+        if (auto folder = MakeFolderFor(name); !folder)
             return folder;
-        const auto written = WriteDocument(report.Box().Value(), name, m_batch.kind);
+        auto written = WriteDocument(report.Box().Value(), name, m_batch.kind);
         if (written && !m_batch.allowMissing)
         {
             std::erase_if(filling.missing, [&](const std::string& marker) { return m_batch.output.Uses(marker); });

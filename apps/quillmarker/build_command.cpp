@@ -143,7 +143,9 @@ Action AddBuildCommand(CLI::App& command)
     command.add_flag("--allow-missing", options->allowMissing, "do not mind markers that are not in the template");
     command.add_option("--batch", options->batch, "make a report of each line of a file; - is standard input")
         ->type_name("DATA.jsonl");
-    command.add_option("-j,--jobs", options->jobs, "so many reports of a batch side by side; else one a processor, at least four")
+    command
+        .add_option("-j,--jobs", options->jobs,
+                    "so many reports of a batch side by side; else one a processor, at least four")
         ->check(CLI::Range(1U, 1024U).description(""))
         ->type_name("N");
     command.footer(kFooter);

@@ -94,7 +94,7 @@ PartialCharFormat FirstFormat(TextBox& box)
 {
     const int length = box.SelLength();
     box.SetSelLength(1);
-    const PartialCharFormat format = box.SelCharFormat();
+    PartialCharFormat format = box.SelCharFormat();
     box.SetSelLength(length);
     return format;
 }

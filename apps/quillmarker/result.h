@@ -13,13 +13,13 @@ struct Failure
     std::string message;
 };
 
-/// A value, or why there is none.
+/// A value, or why there is none; a function returns either as it is.
 template <class T>
 class Result
 {
 public:
-    Result(T value) : m_value(std::move(value)) {}
-    Result(Failure failure) : m_message(std::move(failure.message)) {}
+    Result(T value) : m_value(std::move(value)) {}                      // NOLINT(google-explicit-constructor)
+    Result(Failure failure) : m_message(std::move(failure.message)) {}  // NOLINT(google-explicit-constructor)
 
     explicit operator bool() const { return m_value.has_value(); }
     const T& operator*() const { return *m_value; }

@@ -56,6 +56,7 @@ TEST(LineQueues, HandOutEachLineOnceAndInOrder)
     LineQueue queue(3);
     std::atomic<int> sum = 0;
     std::vector<std::thread> workers;
+    workers.reserve(4);
     for (int i = 0; i < 4; ++i)
         workers.emplace_back([&] {
             std::int64_t last = -1;

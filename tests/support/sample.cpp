@@ -71,17 +71,14 @@ private:
         const char first = rest[0];
         if (first == '<')
             return TakeTag(rest);
+        if (first == '\n')
+            return End(Mark::Break), 1;
         if (first == '^' || first == '|')
-            (first == '^' ? m_anchor : m_caret) = m_units;
-        else if (first == '\n')
-            End(Mark::Break);
-        else if (first == '\\')
-            Put(rest.substr(1, 1));
-        if (std::string_view("^|\n\\").find(first) != std::string_view::npos)
-            return first == '\\' ? 2 : 1;
-        const std::size_t size = std::min(rest.find_first_of("^|\n<\\"), rest.size());
-        Put(rest.substr(0, size));
-        return size;
+            return (first == '^' ? m_anchor : m_caret) = m_units, 1;
+        const std::size_t begin = first == '\\' ? 1 : 0;
+        const std::size_t end = std::min(rest.find_first_of("^|\n<\\", 2 * begin), rest.size());
+        Put(rest.substr(begin, end - begin));
+        return end;
     }
 
     std::size_t TakeTag(std::string_view rest)
@@ -94,10 +91,7 @@ private:
         else if (word == "row/")
             End(Mark::Row);
         else if (word == "pic/")
-        {
-            m_builder.Append(Shared(SamplePicture()), Format());
-            ++m_units;
-        }
+            m_builder.Append(Shared(SamplePicture()), Format()), ++m_units;
         else
             Set(word.substr(closes ? 1 : 0), !closes);
         return size;
@@ -144,8 +138,7 @@ private:
     std::vector<ParagraphRef> m_paragraphs;
     std::int32_t m_units = 0;
     int m_cells = 0;
-    std::optional<std::int32_t> m_anchor;
-    std::optional<std::int32_t> m_caret;
+    std::optional<std::int32_t> m_anchor, m_caret;
 };
 
 class Writing
