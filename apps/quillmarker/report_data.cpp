@@ -27,7 +27,8 @@ constexpr KindName kKinds[] = {
 };
 
 constexpr const char* kAllowed =
-    R"(; allowed are text, a number, true, false, {"text": …}, {"rtf": …}, {"file": …}, {"hidden": …} and a list of these)";
+    R"(; allowed are text, a number, true, false, {"text": …}, {"rtf": …}, {"file": …}, {"hidden": …})"
+    " and a list of these";
 
 /// Takes the parser's events. Objects stand at two depths only: the report and an item; lists at one.
 class DataBuilder : public nlohmann::json_sax<nlohmann::ordered_json>

@@ -26,7 +26,8 @@ class Batch(ToolTest):
         return [line.removeprefix("quillmarker: ") for line in result.stderr.decode().splitlines()]
 
     def test_the_sample_batch_is_filled(self):
-        result = self.expect(0, "build", "--batch", SAMPLE / "batch.jsonl", SAMPLE / "template.rtf", "-o", "out/{id}.rtf")
+        result = self.expect(0, "build", "--batch", SAMPLE / "batch.jsonl", SAMPLE / "template.rtf",
+                             "-o", "out/{id}.rtf")
         self.assertRegex(result.stderr.decode(), r"^quillmarker: 5 reports, 0 failed, \d+\.\d s\n$")
         reports = [f"out/A-2024-10{i}.rtf" for i in range(1, 6)]
         self.assertEqual(self.files(), [*reports, "t.rtf"])
@@ -51,7 +52,8 @@ class Batch(ToolTest):
         told = self.batch(1, line_of(NAME="a", TEXT="b", id=1) + "{bad\n" + "\n" + line_of(NAME=None, TEXT="", id=2) +
                           line_of(NAME={"file": "none.rtf"}, TEXT="", id=3) + line_of(NAME="c", TEXT="d", id=4))
         self.assertEqual(len(told), 4)
-        self.assertRegex("\n".join(sorted(told)), r'd\.jsonl:2:2: syntax error.*\nd\.jsonl:4:\d+: marker "\[NAME\]": null.*\n'
+        self.assertRegex("\n".join(sorted(told)), r'd\.jsonl:2:2: syntax error.*\n'
+                         r'd\.jsonl:4:\d+: marker "\[NAME\]": null.*\n'
                          r'd\.jsonl:5: marker "\[NAME\]": none\.rtf: the file does not exist')
         self.assertRegex(told[-1], r"^2 reports, 3 failed, \d+\.\d s$")
         self.assertEqual(self.files(), ["d.jsonl", "out/1.rtf", "out/4.rtf", "t.rtf"])
@@ -71,7 +73,8 @@ class Batch(ToolTest):
     def test_the_later_of_two_lines_with_one_name_is_refused(self):
         lines = "".join(line_of(NAME=str(i), TEXT="", id="same" if i % 10 == 3 else i) for i in range(40))
         told = self.batch(1, lines, "--jobs", "8", output="{id}.txt")
-        self.assertEqual(sorted(told[:-1]), [f'd.jsonl:{n}: line 4 has the same output "same.txt"' for n in (14, 24, 34)])
+        self.assertEqual(sorted(told[:-1]),
+                         [f'd.jsonl:{n}: line 4 has the same output "same.txt"' for n in (14, 24, 34)])
         self.assertIn(b"Dear 3,", self.read("same.txt"))
 
     def test_names_may_hold_the_number_of_the_line_and_several_keys(self):
@@ -101,8 +104,10 @@ class Batch(ToolTest):
     def test_no_lines_are_no_reports(self):
         for lines in ("", "\n\n", " \r\n"):
             self.assertRegex(self.batch(0, lines)[0], "^0 reports, 0 failed")
-        self.expect_complaint(1, "none.jsonl: the file does not exist", "build", "--batch", "none.jsonl", "t.rtf", "-o", "{id}.rtf")
-        self.expect_complaint(1, ".: it cannot be read", "build", "--batch", ".", "t.rtf", "-o", "{id}.rtf")
+
+    def test_lines_that_cannot_be_read_are_told(self):
+        for name, text in [("none.jsonl", "none.jsonl: the file does not exist"), (".", ".: it cannot be read")]:
+            self.expect_complaint(1, text, "build", "--batch", name, "t.rtf", "-o", "{id}.rtf")
 
     def test_a_signal_ends_the_batch_between_reports(self):
         process = subprocess.Popen([TOOL, "build", "--batch", "-", "t.rtf", "-o", "{id}.rtf"], cwd=self.folder,

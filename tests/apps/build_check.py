@@ -36,8 +36,9 @@ class Build(ToolTest):
         self.assertEqual(self.files(), ["d.json", "report.rtf", "t.rtf"])
 
     def test_the_output_is_rtf_or_text_by_its_name_or_as_said(self):
-        for name, options, is_text in [("o.rtf", [], False), ("o.TXT", [], True), ("o", ["--format", "txt"], True),
-                                       ("o.txt", ["--format", "rtf"], False), ("o.rtf.bak", ["--format", "rtf"], False)]:
+        as_rtf, as_text = ["--format", "rtf"], ["--format", "txt"]
+        for name, options, is_text in [("o.rtf", [], False), ("o.TXT", [], True), ("o", as_text, True),
+                                       ("o.txt", as_rtf, False), ("o.rtf.bak", as_rtf, False)]:
             with self.subTest(name):
                 self.expect(0, "build", "t.rtf", "d.json", "-o", name, *options, stdout="", stderr="")
                 content = self.read(name)
@@ -70,7 +71,8 @@ class Build(ToolTest):
 
     def test_a_marker_in_a_value_is_filled_if_it_comes_later(self):
         self.write("order.json", '{"[NAME]": "[THING]", "[THING]": "x", "[STATE]": "[NAME]"}')
-        self.expect(0, "build", "t.rtf", "order.json", "-o", "-", "--format", "txt", stdout="Dear x,\r\nyour x is [NAME].")
+        self.expect(0, "build", "t.rtf", "order.json", "-o", "-", "--format", "txt",
+                    stdout="Dear x,\r\nyour x is [NAME].")
 
     def test_files_are_found_beside_the_data(self):
         self.write("deep/d.json", '{"[NAME]": {"file": "n.rtf"}, "[THING]": {"file": "more/n.txt"}}')
@@ -79,13 +81,13 @@ class Build(ToolTest):
         self.expect(0, "build", "t.rtf", "deep/d.json", "-o", "-", "--format", "txt",
                     stdout="Dear from rtf,\r\nyour from text \u00e4 is [STATE].")
         beside = (self.folder / "deep/d.json").read_bytes()
-        self.expect_complaint(1, 'standard input: marker "[NAME]": n.rtf: the file does not exist', "build", "t.rtf", "-",
-                              "-o", "o.txt", stdin=beside)
+        self.expect_complaint(1, 'standard input: marker "[NAME]": n.rtf: the file does not exist',
+                              "build", "t.rtf", "-", "-o", "o.txt", stdin=beside)
 
     def test_bad_data_is_told_with_its_place(self):
         for content, text in [('{"[NAME]": 1', "bad.json:1:12: "), ("", "bad.json:1:1: "), ("[]", "bad.json:1:1: "),
-                              ('{\n "[NAME]": null}', 'bad.json:2:15: marker "[NAME]": null is not possible; allowed are'),
-                              ('{"[NAME]": {"file": "none.rtf"}}', 'bad.json: marker "[NAME]": none.rtf: the file does not exist'),
+                              ('{\n "[NAME]": null}', 'bad.json:2:15: marker "[NAME]": null is not possible; allowed'),
+                              ('{"[NAME]": {"file": "none.rtf"}}', 'marker "[NAME]": none.rtf: the file does not exist'),
                               ('{"[NAME]": {"file": "d.json"}}', 'bad.json: marker "[NAME]": d.json is no RTF'),
                               ('{"[NAME]": {"rtf": "x"}}', 'marker "[NAME]": the value of "rtf" is no RTF')]:
             with self.subTest(content):
@@ -96,7 +98,8 @@ class Build(ToolTest):
     def test_what_cannot_be_read_or_written_is_told(self):
         self.expect_complaint(1, "none.rtf: the file does not exist", "build", "none.rtf", "d.json", "-o", "o.rtf")
         self.expect_complaint(1, "none.json: the file does not exist", "build", "t.rtf", "none.json", "-o", "o.rtf")
-        self.expect_complaint(1, "none/o.rtf: the folder does not exist", "build", "t.rtf", "d.json", "-o", "none/o.rtf")
+        self.expect_complaint(1, "none/o.rtf: the folder does not exist",
+                              "build", "t.rtf", "d.json", "-o", "none/o.rtf")
         self.expect_complaint(1, ".: it cannot be read", "build", ".", "d.json", "-o", "o.rtf")
         self.expect_complaint(1, ".: it cannot be read", "build", "t.rtf", ".", "-o", "o.rtf")
         self.assertEqual(self.files(), ["d.json", "t.rtf"])
@@ -122,9 +125,10 @@ class Build(ToolTest):
 
     def test_names_and_values_in_any_script(self):
         name = "\u0434\u0430\u043d\u043d\u044b\u0435 \u2013 \u4f50\u85e4.json"
-        self.write(name, json.dumps({"[NAME]": "\u4f50\u85e4 \U0001F9EA \u0639\u0631\u0628\u064a", "[THING]": "\\{}\\par", "[STATE]": ""}))
+        person = "\u4f50\u85e4 \U0001F9EA \u0639\u0631\u0628\u064a"
+        self.write(name, json.dumps({"[NAME]": person, "[THING]": "\\{}\\par", "[STATE]": ""}))
         self.expect(0, "build", "t.rtf", name, "-o", "\u00e4.rtf")
-        self.expect(0, "text", "\u00e4.rtf", stdout="Dear \u4f50\u85e4 \U0001F9EA \u0639\u0631\u0628\u064a,\nyour \\{}\\par is .\n")
+        self.expect(0, "text", "\u00e4.rtf", stdout=f"Dear {person},\nyour \\{{}}\\par is .\n")
 
     def test_the_sample_folder_stays_as_it_is(self):
         shutil.copytree(SAMPLE, self.folder / "sample")

@@ -131,9 +131,8 @@ TEST(Filling, HiddenParagraphsAreHiddenWithTheirEnds)
 TEST(Filling, RowsBecomePartOfTheTableInFrontOfThem)
 {
     const char* table = R"(\trowd\cellx1000\intbl head\cell\row\pard [X]below\par)";
-    const Filled filled = FilledWith(
-        table,
-        R"({"[X]": [{"rtf": "{\\rtf1\\trowd\\cellx1000\\intbl one\\cell\\row}"}, {"rtf": "{\\rtf1\\trowd\\cellx1000\\intbl two\\cell\\row}"}]})");
+    const Filled filled = FilledWith(table, R"({"[X]": [{"rtf": "{\\rtf1\\trowd\\cellx1000\\intbl one\\cell\\row}"},)"
+                                            R"({"rtf": "{\\rtf1\\trowd\\cellx1000\\intbl two\\cell\\row}"}]})");
     EXPECT_EQ(filled.text, u"head\t\r\none\t\r\ntwo\t\r\nbelow");
 }
 

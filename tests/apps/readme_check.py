@@ -33,8 +33,8 @@ class Readme(ToolTest):
     def test_its_program_compiles(self):
         self.write("host.cpp", "".join(blocks("cpp")))
         result = subprocess.run(
-            [os.environ["QUILLMARKER_CXX"], "-std=c++20", "-fsyntax-only", "-Wall", "-Werror", f"-I{ROOT / 'include'}", "host.cpp"],
-            cwd=self.folder, capture_output=True, text=True)
+            [os.environ["QUILLMARKER_CXX"], "-std=c++20", "-fsyntax-only", "-Wall", "-Werror",
+             f"-I{ROOT / 'include'}", "host.cpp"], cwd=self.folder, capture_output=True, text=True)
         self.assertEqual(result.returncode, 0, result.stderr)
 
     def test_its_links_lead_somewhere(self):

@@ -21,8 +21,9 @@ class Streams(ToolTest):
 
     def test_a_reader_that_has_enough_ends_the_output_quietly(self):
         for handler in (signal.SIG_DFL, signal.SIG_IGN):
-            process = subprocess.Popen([TOOL, "text", self.folder / "a.rtf"], stdout=subprocess.PIPE,
-                                       stderr=subprocess.PIPE, preexec_fn=lambda: signal.signal(signal.SIGPIPE, handler))
+            process = subprocess.Popen(
+                [TOOL, "text", self.folder / "a.rtf"], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                preexec_fn=lambda: signal.signal(signal.SIGPIPE, handler))
             self.assertEqual(process.stdout.read(6), b"a long")
             process.stdout.close()
             self.assertEqual(process.stderr.read(), b"")
@@ -49,8 +50,8 @@ class Streams(ToolTest):
         self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
 
     def test_messages_and_text_do_not_depend_on_the_locale(self):
-        texts = {self.through_shell('"$TOOL" build t.rtf d.json -o - --format txt; "$TOOL" text none', LC_ALL=name).stderr
-                 for name in ("C", "C.UTF-8", "none_such")}
+        command = '"$TOOL" build t.rtf d.json -o - --format txt; "$TOOL" text none'
+        texts = {self.through_shell(command, LC_ALL=name).stderr for name in ("C", "C.UTF-8", "none_such")}
         self.assertEqual(texts, {"quillmarker: none: the file does not exist\n"})
 
     def test_output_may_be_appended(self):

@@ -28,7 +28,8 @@ class Terminal(ToolTest):
         ours, its = pty.openpty()
         fcntl.ioctl(its, termios.TIOCSWINSZ, struct.pack("HHHH", 24, COLUMNS, 0, 0))
         start = time.monotonic()
-        process = subprocess.Popen(arguments, cwd=self.folder, stdin=stdin or subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=its)
+        process = subprocess.Popen(arguments, cwd=self.folder, stdin=stdin or subprocess.DEVNULL,
+                                   stdout=subprocess.PIPE, stderr=its)
         os.close(its)
         drawn = b""
         try:

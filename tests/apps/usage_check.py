@@ -47,8 +47,8 @@ class Usage(ToolTest):
             with self.subTest(arguments):
                 self.expect_complaint(2, text, *arguments)
                 message = self.run_tool(*arguments).stderr.decode()
-                command = arguments[0] if arguments and arguments[0] in COMMANDS else None
-                self.assertIn(f"(see: quillmarker {command} --help)" if command else "(see: quillmarker --help)", message)
+                command = " ".join(["quillmarker", *(name for name in arguments[:1] if name in COMMANDS)])
+                self.assertIn(f"(see: {command} --help)", message)
 
     def test_bad_usage_writes_no_file(self):
         for arguments, _ in BAD_USAGE:
@@ -86,7 +86,8 @@ class Usage(ToolTest):
         for command in ["", *COMMANDS]:
             with self.subTest(command):
                 page = subprocess.run(
-                    [os.environ["QUILLMARKER_HELP2MAN"], "--no-info", "--name=x", "--version-string=1", f"{TOOL} {command}".strip()],
+                    [os.environ["QUILLMARKER_HELP2MAN"], "--no-info", "--name=x", "--version-string=1",
+                     f"{TOOL} {command}".strip()],
                     capture_output=True, text=True)
                 self.assertEqual((page.returncode, page.stderr), (0, ""))
                 self.assertIn(".SH SYNOPSIS", page.stdout)

@@ -97,7 +97,8 @@ TEST(RoundTrip, EachFieldOfARowIsInASample)
     {
         if (std::string(source.name) != "a table")
             continue;
-        const TableRow& row = *ReadSample(source.body).ParagraphAt(4).Extras().row;
+        const Document document = ReadSample(source.body);
+        const TableRow& row = *document.ParagraphAt(4).Extras().row;
         const TableRow usual{};
         EXPECT_TRUE(row.left != usual.left && row.gap != usual.gap && row.height != usual.height && row.header &&
                     row.keepTogether && row.rightToLeft && row.align != usual.align && !row.kept.empty() &&
