@@ -53,19 +53,27 @@ void NaiveText::Put(const Selection& selection, std::uint8_t bits, bool on)
     const std::int32_t end = selection.start + selection.length;
     for (std::int32_t i = selection.start; i < end; ++i)
         put(formats[static_cast<std::size_t>(i)]);
-    std::int32_t lastStart = Size();
-    while (!IsParagraphStart(lastStart))
-        --lastStart;
-    if (end == Size() && selection.length > 0 && selection.start <= lastStart)
+    if (TakesLastMark(selection))
         put(lastMark);
+}
+
+bool NaiveText::TakesLastMark(const Selection& selection) const
+{
+    const bool reachesEnd = selection.length > 0 && selection.start + selection.length == Size();
+    return reachesEnd && IsParagraphStart(Size());
 }
 
 std::optional<bool> NaiveText::Has(const Selection& selection, std::uint8_t bit) const
 {
     const auto begin = formats.begin() + selection.start;
-    const auto count =
-        std::count_if(begin, begin + selection.length, [&](unsigned format) { return (format & bit) != 0; });
-    if (count != 0 && count != selection.length)
+    auto count = std::count_if(begin, begin + selection.length, [&](unsigned format) { return (format & bit) != 0; });
+    auto all = std::ptrdiff_t{selection.length};
+    if (TakesLastMark(selection))
+    {
+        ++all;
+        count += (lastMark & bit) != 0 ? 1 : 0;
+    }
+    if (count != 0 && count != all)
         return {};
     return count != 0;
 }

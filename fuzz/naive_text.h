@@ -45,6 +45,8 @@ struct NaiveText
     void Put(const Selection& selection, std::uint8_t bits, bool on);
 
     /// Whether the units have the bit; empty when some have and some have not.
+    /// Whether the last mark counts to a selection: it reaches the empty last paragraph from before.
+    bool TakesLastMark(const Selection& selection) const;
     std::optional<bool> Has(const Selection& selection, std::uint8_t bit) const;
 };
 

@@ -79,7 +79,7 @@ void EditSession::TypeText(ByteScript& script)
 void EditSession::PasteText(ByteScript& script)
 {
     const std::u16string text = script.Text();
-    const NaiveText piece = Plain(text, InsertionFormat());
+    const NaiveText piece = Plain(text, static_cast<std::uint8_t>(InsertionFormat() & ~unsigned{kNaiveProtected}));
     if (piece.text.empty())
         return;
     Inserted(piece, m_box.PasteText(text));

@@ -127,8 +127,11 @@ bool TextBox::PasteText(std::u16string_view text)
     if (!m_state->MayEdit(m_state->Range()))
         return false;
     const std::u16string_view fitting = m_state->WithinMaxLength(text);
-    m_state->WriteUnprotected();
-    m_state->PutText(fitting, StepKind::Separate);
+    if (!fitting.empty() || m_state->selection.length > 0)
+    {
+        m_state->WriteUnprotected();
+        m_state->PutText(fitting, StepKind::Separate);
+    }
     return fitting.size() == text.size();
 }
 
