@@ -100,7 +100,9 @@ std::u16string ByteScript::Text()
 
 std::string ByteScript::Bytes()
 {
-    const std::size_t length = std::min<std::size_t>(Byte(), m_size - m_at);
+    // The count itself is read first: what is left of the input is less by one then.
+    const std::size_t wanted = Byte();
+    const std::size_t length = std::min(wanted, m_size - m_at);
     const std::string bytes(m_data + m_at, m_data + m_at + length);
     m_at += length;
     return bytes;
