@@ -8,6 +8,20 @@ install(TARGETS QuillmarkerCore EXPORT QuillmarkerCoreTargets
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
     ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+if(QUILLMARKER_BUILD_PAGES)
+    install(TARGETS QuillmarkerPages EXPORT QuillmarkerPagesTargets
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+    install(EXPORT QuillmarkerPagesTargets NAMESPACE Quillmarker:: DESTINATION "${quillmarkerPackageDir}")
+endif()
+if(QUILLMARKER_BUILD_WIDGETS)
+    install(TARGETS QuillmarkerWidgets EXPORT QuillmarkerWidgetsTargets
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+    install(EXPORT QuillmarkerWidgetsTargets NAMESPACE Quillmarker:: DESTINATION "${quillmarkerPackageDir}")
+endif()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/quillmarker"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
     FILES_MATCHING PATTERN "*.h")

@@ -10,26 +10,30 @@ import sys
 from includes import folder_of, includes_of, resolved, sources_below
 
 PUBLIC = "include/quillmarker"
+PAGES = PUBLIC + "/pages"
+WIDGETS = PUBLIC + "/widgets"
 ENGINE = ["src/engine/document", "src/engine/rtf", "src/engine/box"]
-SCREEN = ENGINE + ["src/engine/layout", "src/engine/view", "src/engine/platform"]
+SCREEN = ENGINE + [PAGES, WIDGETS, "src/engine/layout", "src/engine/view", "src/engine/platform"]
 SUBSYSTEMS = ["src/content", "src/format", "src/ruler", "src/print"]
 
 # What each folder may include beside itself and the public headers. The four subsystems know nothing of each other.
 ALLOWED = {
     PUBLIC: [],
+    PAGES: [PUBLIC],
+    WIDGETS: [PUBLIC, PAGES],
     "src/engine/document": [],
     "src/engine/rtf": ENGINE[:1],
     "src/engine/box": ENGINE[:2],
-    "src/engine/layout": ENGINE,
-    "src/engine/view": ENGINE + ["src/engine/layout"],
-    "src/engine/platform": ENGINE,
+    "src/engine/layout": ENGINE + [PAGES],
+    "src/engine/view": ENGINE + ["src/engine/layout", PAGES, WIDGETS],
+    "src/engine/platform": ENGINE + [PAGES, WIDGETS],
     "src/content": SCREEN,
     "src/format": SCREEN,
     "src/ruler": SCREEN,
     "src/print": SCREEN,
     "src/control": SCREEN + SUBSYSTEMS,
-    "apps/quillmarker": [],
-    "apps/report-desk": [],
+    "apps/quillmarker": [PAGES],
+    "apps/report-desk": [PAGES, WIDGETS],
 }
 
 STANDARD_HEADER = re.compile(r"[a-z0-9_]+")

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "display_list.h"
+
+#include <QColor>
+#include <QPainter>
+
+namespace quillmarker
+{
+
+/// What automatic colours are: on paper black on white, on screen as the palette says.
+struct GroundColours
+{
+    QColor text = Qt::black;
+    QColor background = Qt::white;
+};
+
+/// Paints a list. `scale` is device pixels a twip before the painter's own transform; `origin` is where the list's
+/// origin falls, in the painter's coordinates. On a painter without scaling the text is set in its real pixel size.
+/// Items that lie wholly outside the painter's clip are left out.
+void Paint(QPainter& painter, const DisplayList& list, QPointF origin, qreal scale, const GroundColours& colours = {});
+
+}  // namespace quillmarker

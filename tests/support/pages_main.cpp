@@ -1,0 +1,11 @@
+#include <gmock/gmock.h>
+
+#include <QGuiApplication>
+
+// Tests run without a display unless they say otherwise, with the fonts of the system.
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleMock(&argc, argv);
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
