@@ -1,6 +1,7 @@
 #pragma once
 
-#include "quillmarker/file_error.h"
+#include <quillmarker/export.h>
+#include <quillmarker/file_error.h>
 
 #include <filesystem>
 #include <string>
@@ -23,5 +24,11 @@ FileContents ReadFile(const std::filesystem::path& path);
 /// behind. The file keeps its permissions, and a symbolic link keeps pointing at it; a read-only file is refused. A
 /// pipe or a device is written in place.
 FileError WriteFile(const std::filesystem::path& path, std::string_view bytes);
+
+// A private file holds what a process keeps for itself. It is made for its user alone and written in place. A symbolic
+// link at the end of the path is refused, and so is what is no regular file or belongs to somebody else.
+
+QUILLMARKER_CORE_EXPORT FileContents ReadPrivateFile(const std::filesystem::path& path);
+QUILLMARKER_CORE_EXPORT FileError WritePrivateFile(const std::filesystem::path& path, std::string_view bytes);
 
 }  // namespace quillmarker
