@@ -4,6 +4,7 @@
 #include <quillmarker/export.h>
 #include <quillmarker/file_error.h>
 #include <quillmarker/position.h>
+#include <quillmarker/rtf.h>
 
 #include <cstdint>
 #include <filesystem>
@@ -150,6 +151,8 @@ public:
     PartialParagraphFormat SelParagraphFormat() const;
     void SetSelParagraphFormat(const PartialParagraphFormat& format);
     void InsertObject(InlineObject object);
+    /// How to read a fragment for the selection: what it does not state is as the place has it.
+    RtfReading ReadingHere() const;
 
     // The box itself.
     std::int32_t RightMargin() const;
@@ -174,6 +177,9 @@ public:
     bool TypeOver(TextRange range, std::u16string_view text);
     bool PasteText(std::u16string_view text);
     bool PasteRTF(std::u16string_view rtf);
+    bool PasteRTFBytes(std::string_view rtf);
+    bool PasteFragment(const Document& fragment);
+    bool PasteObject(InlineObject object);
 
     // History.
     bool CanUndo() const;

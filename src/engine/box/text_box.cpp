@@ -141,6 +141,8 @@ void TextBox::InsertObject(InlineObject object)
                   {m_state->selection.start + 1, 0});
 }
 
+RtfReading TextBox::ReadingHere() const { return m_state->ReadingHere(); }
+
 const Document& TextBox::Value() const { return m_state->document; }
 
 void TextBox::SetValue(Document document, Selection selection)

@@ -83,6 +83,11 @@ std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text, st
     return text.substr(0, cutsLineEnd || cutsPair ? fits - 1 : fits);
 }
 
+std::int32_t TextBox::State::UserRoom(std::int32_t wanted) const
+{
+    return maxLength <= 0 ? wanted : maxLength - (document.Size() - selection.length);
+}
+
 bool TextBox::State::DeleteAsUser(TextRange range)
 {
     if (range.IsEmpty() || !MayEdit(range))
@@ -161,11 +166,20 @@ bool TextBox::PasteText(std::u16string_view text)
 
 bool TextBox::PasteRTF(std::u16string_view rtf)
 {
+    // What may not be put in is not read either.
+    return m_state->MayEdit(m_state->Range()) && PasteFragment(ReadRtf(rtf, m_state->ReadingHere()));
+}
+
+bool TextBox::PasteRTFBytes(std::string_view rtf)
+{
+    return m_state->MayEdit(m_state->Range()) && PasteFragment(ReadRtf(rtf, m_state->ReadingHere()));
+}
+
+bool TextBox::PasteFragment(const Document& fragment)
+{
     if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const Document fragment = ReadRtf(rtf, m_state->ReadingHere());
-    const std::int32_t room =
-        m_state->maxLength <= 0 ? fragment.Size() : m_state->maxLength - (TextLength() - m_state->selection.length);
+    const std::int32_t room = m_state->UserRoom(fragment.Size());
     if (fragment.Size() <= room)
     {
         m_state->PutFragment(fragment, StepKind::Separate);
@@ -173,6 +187,15 @@ bool TextBox::PasteRTF(std::u16string_view rtf)
     }
     m_state->PutFragment(Slice(fragment, {{0}, {std::max(room, 0)}}), StepKind::Separate);
     return false;
+}
+
+bool TextBox::PasteObject(InlineObject object)
+{
+    if (!m_state->MayEdit(m_state->Range()) || !m_state->HasRoomFor(1) || m_state->UserRoom(1) < 1)
+        return false;
+    m_state->WriteUnprotected();
+    InsertObject(std::move(object));
+    return true;
 }
 
 void TextBox::Span(std::u16string_view characters, SpanDirection direction, CharacterSet set)

@@ -25,7 +25,7 @@ Document WithFragment(const Document&, TextRange range, const Document& given);
 Document WithObject(const Document&, TextRange range, Shared<InlineObject> object, CharFormatId format);
 
 /// A part of the document as a fragment.
-Document Slice(const Document&, TextRange range);
+QUILLMARKER_CORE_EXPORT Document Slice(const Document&, TextRange range);
 
 /// The length that `text` has once it is in a document.
 std::int32_t LengthInDocument(std::u16string_view text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillmarker/export.h>
 #include <quillmarker/paragraph_format.h>
 
 #include <array>
@@ -14,7 +15,7 @@ namespace quillmarker
 std::u16string NumberText(NumberKind kind, std::int32_t number);
 
 /// Counts numbered paragraphs in the order of the text.
-class NumberCounter
+class QUILLMARKER_CORE_EXPORT NumberCounter
 {
 public:
     /// What stands before the next paragraph; empty when it is not numbered.
