@@ -233,8 +233,11 @@ class HtmlWriter
 {
 public:
     HtmlWriter(const Document& document, TextRange range)
-        : m_document(document), m_begin(document.Locate(range.begin)), m_end(document.Locate(range.end)),
-          m_inline(document, m_out, 0), m_tables(m_out)
+        : m_document(document),
+          m_begin(document.Locate(range.begin)),
+          m_end(document.Locate(range.end)),
+          m_inline(document, m_out, 0),
+          m_tables(m_out)
     {
     }
 
