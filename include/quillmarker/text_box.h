@@ -85,6 +85,8 @@ public:
     void SetSelStart(std::int32_t start);
     std::int32_t SelLength() const;
     void SetSelLength(std::int32_t length);
+    /// Both at once, as one change.
+    void Select(Selection selection);
     std::u16string SelText() const;
     void SetSelText(std::u16string_view text);
     std::u16string SelRTF() const;
@@ -170,6 +172,9 @@ public:
     bool Type(std::u16string_view text);
     bool TypeBackspace();
     bool TypeDelete();
+    /// Types `text` (which may be empty) in place of a range beside the caret, in the same step as other typing; the
+    /// caret stands behind it.
+    bool TypeOver(TextRange range, std::u16string_view text);
     bool PasteText(std::u16string_view text);
     bool PasteRTF(std::u16string_view rtf);
     bool PasteRTFBytes(std::string_view rtf);

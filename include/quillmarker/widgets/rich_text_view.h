@@ -10,7 +10,9 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
+#include <string>
 
 namespace quillmarker
 {
@@ -137,15 +139,16 @@ public:
     Q_INVOKABLE void Span(const QString& characters, bool forward = true, bool negate = false);
     Q_INVOKABLE void UpTo(const QString& characters, bool forward = true, bool negate = false);
 
-    // What a menu or toolbar does: the user's operations, which obey Locked, protection and MaxLength.
-    Q_INVOKABLE void Cut();
-    Q_INVOKABLE void Copy();
-    Q_INVOKABLE void Paste();
+    // What a menu, a toolbar or a key does: the user's operations, which obey Locked, protection and MaxLength. Keys
+    // and the context menu call these too.
+    Q_INVOKABLE virtual void Cut();
+    Q_INVOKABLE virtual void Copy();
+    Q_INVOKABLE virtual void Paste();
     /// Deletes the selection; nothing else.
-    Q_INVOKABLE void Clear();
-    Q_INVOKABLE void Undo();
-    Q_INVOKABLE void Redo();
-    Q_INVOKABLE void SelectAll();
+    Q_INVOKABLE virtual void Clear();
+    Q_INVOKABLE virtual void Undo();
+    Q_INVOKABLE virtual void Redo();
+    Q_INVOKABLE virtual void SelectAll();
     Q_INVOKABLE bool CanPaste() const;
 
     // The view itself.
@@ -158,6 +161,10 @@ public:
     void SetAutoVerbMenu(bool on);
     bool Overwrites() const;
     void SetOverwrites(bool on);
+
+    /// Rewrites the RTF of what is copied or dragged away. It is called when somebody asks for the data, which may be
+    /// after the view is gone.
+    void SetCopyFilter(std::function<std::u16string(std::u16string)> filter);
 
     /// Where the caret stands, and the other end of the selection; equal when nothing is selected.
     int CaretOffset() const;
@@ -206,6 +213,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;

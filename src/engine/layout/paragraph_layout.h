@@ -16,12 +16,20 @@
 namespace quillmarker
 {
 
+struct ParagraphShapes;  // the runs, their faces, and what was shaped
+
 /// What lies outside a paragraph and shapes its lines. A layout is valid as long as its paragraph and this are the same.
 struct ParagraphContext
 {
     Twips width;  // from the left edge, where indents count from, to the right margin; 0: lines are never wrapped
     Twips defaultTab = kDefaultTab;
     std::u16string number;  // the number or bullet in front
+    // The neighbour has the same borders: no line and no room between the two, but for a line of the kind "between".
+    bool joinsAbove = false;
+    bool joinsBelow = false;
+    // Contextual spacing beside a neighbour of the same style.
+    bool dropsSpaceBefore = false;
+    bool dropsSpaceAfter = false;
 
     bool operator==(const ParagraphContext&) const = default;
 };
@@ -121,16 +129,13 @@ public:
     /// Adds the text itself: numbers, glyphs, lines under and through them, leaders, pictures, links.
     void DrawText(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last) const;
 
+    const ParagraphShapes& Shapes() const { return *m_shapes; }
+
     /// What the layout costs to keep, about, in bytes.
     std::size_t Weight() const;
 
 private:
-    friend class LineMaker;
-    friend class LinePieces;
-    struct Shapes;  // the runs, their faces, and what was shaped
-
     ParagraphRef m_paragraph;
-    const FormatTable* m_formats;
     ParagraphContext m_context;
     const ParagraphFormat* m_format;
     std::vector<Line> m_lines;
@@ -138,7 +143,7 @@ private:
     Fine m_spaceAfter = 0;
     Fine m_height = 0;
     Fine m_extent = 0;
-    std::unique_ptr<Shapes> m_shapes;
+    std::unique_ptr<const ParagraphShapes> m_shapes;
 };
 
 }  // namespace quillmarker

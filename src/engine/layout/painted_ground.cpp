@@ -1,0 +1,53 @@
+#include "painted_ground.h"
+
+#include <algorithm>
+
+namespace quillmarker
+{
+namespace
+{
+
+constexpr std::size_t kBands = 64;
+constexpr int kDarkest = 62;    // luminance up to which a ground asks for light text, of 255
+constexpr int kLightText = 128;  // luminance from which a text is light
+
+int Luminance(const QColor& colour) { return (colour.red() * 76 + colour.green() * 151 + colour.blue() * 29) / 256; }
+
+}  // namespace
+
+PaintedGround::PaintedGround(const GroundColours& colours, const QRectF& visible)
+    : m_colours(colours), m_visible(visible), m_bands(kBands)
+{
+}
+
+std::size_t PaintedGround::BandOf(qreal y) const
+{
+    const qreal part = (y - m_visible.top()) / std::max(m_visible.height(), 1.0);
+    return static_cast<std::size_t>(std::clamp(part, 0.0, 1.0) * static_cast<qreal>(kBands - 1));
+}
+
+void PaintedGround::Fill(const QRectF& rectangle, const QColor& colour)
+{
+    const auto index = static_cast<std::uint32_t>(m_painted.size());
+    m_painted.push_back({rectangle, colour});
+    const std::size_t last = BandOf(rectangle.bottom());
+    for (std::size_t band = BandOf(rectangle.top()); band <= last; ++band)
+        m_bands[band].push_back(index);
+}
+
+QColor PaintedGround::TextAt(QPointF point) const
+{
+    const auto& band = m_bands[BandOf(point.y())];
+    const auto found = std::find_if(band.rbegin(), band.rend(), [&](std::uint32_t index) {
+        return m_painted[index].rectangle.contains(point);
+    });
+    if (found == band.rend())
+        return m_colours.text;
+    const bool wantsLight = Luminance(m_painted[*found].colour) <= kDarkest;
+    const bool isLight = Luminance(m_colours.text) >= kLightText;
+    if (wantsLight == isLight)
+        return m_colours.text;
+    return wantsLight ? Qt::white : Qt::black;
+}
+
+}  // namespace quillmarker

@@ -1,0 +1,427 @@
+// What a paragraph's lines show, as items of a display list.
+
+#include "line_pieces.h"
+#include "paragraph_layout.h"
+
+#include <algorithm>
+
+namespace quillmarker
+{
+namespace
+{
+
+constexpr double kLeastThickness = 8;  // twips, of a line under text
+
+/// The rectangle between the indents that shading and borders share.
+QRectF Frame(const ParagraphLayout& layout, QPointF origin, std::uint32_t first, std::uint32_t last)
+{
+    const auto lines = layout.Lines();
+    const ParagraphFormat& format = layout.Format();
+    const double left = format.leftIndent.value + std::min(format.firstIndent.value, 0);
+    const double right = layout.Context().width.value > 0 ? layout.Context().width.value - format.rightIndent.value
+                                                          : InTwips(layout.Extent());
+    const double top = InTwips(lines[first].top);
+    const double bottom = InTwips(lines[last - 1].Bottom());
+    return {QPointF(origin.x() + left, origin.y() + top),
+            QPointF(origin.x() + std::max(right, left), origin.y() + bottom)};
+}
+
+/// Room that a border's line takes beside the text, to the line's middle.
+double Outside(const Border& border)
+{
+    return border.style == BorderStyle::None ? 0 : border.space.value + border.width.value / 2.0;
+}
+
+class PieceDrawing
+{
+public:
+    PieceDrawing(const ParagraphLayout& layout, DisplayList& list, QPointF origin, std::uint32_t line)
+        : m_layout(layout),
+          m_shapes(layout.Shapes()),
+          m_list(list),
+          m_line(layout.Lines()[line]),
+          m_pieces(layout, line)
+    {
+        m_left = origin.x();
+        m_baseline = origin.y() + InTwips(m_line.top + m_line.baseline);
+        m_textTop = origin.y() + InTwips(m_line.top + m_line.textTop);
+    }
+
+    void DrawHighlights()
+    {
+        for (const Piece& piece : m_pieces.Pieces())
+            if (!piece.segment->format->highlight.IsAutomatic() && piece.width > 0)
+                AddHighlight(piece);
+    }
+
+    void DrawNumber()
+    {
+        if (m_shapes.number.glyphs.empty())
+            return;
+        const double width = InTwips(m_shapes.numberWidth);
+        double x = InTwips(m_pieces.Room().numberAt);
+        if (m_shapes.isRightToLeft && m_layout.Context().width.value > 0)
+            x = m_layout.Context().width.value - x - width;
+        const RunFont& font = m_shapes.numberFont;
+        AddShaped(m_shapes.number.glyphs, 0, font, 1, {m_left + x, m_baseline}, m_shapes.markFormat->colour,
+                  m_shapes.isRightToLeft, m_layout.Context().number);
+    }
+
+    void DrawText()
+    {
+        for (const Piece& piece : m_pieces.Pieces())
+            Draw(piece);
+        FlushLines();
+    }
+
+private:
+    double X(const Piece& piece) const { return m_left + InTwips(piece.x); }
+    double Baseline(const Segment& segment) const { return m_baseline - InTwips(segment.font.raise); }
+
+    void AddHighlight(const Piece& piece)
+    {
+        const QRectF rectangle(X(piece), m_textTop, InTwips(piece.width), InTwips(m_line.textHeight));
+        if (!m_list.items.empty())
+        {
+            // Neighbours are one rectangle, so that no seam shows between them.
+            auto* before = std::get_if<FilledRectangle>(&m_list.items.back());
+            if (before && before->colour == piece.segment->format->highlight && before->mixed == 0 &&
+                before->rectangle.top() == rectangle.top() && before->rectangle.right() == rectangle.left())
+            {
+                before->rectangle.setRight(rectangle.right());
+                return;
+            }
+        }
+        m_list.Add(FilledRectangle{.rectangle = rectangle, .colour = piece.segment->format->highlight});
+    }
+
+    void Draw(const Piece& piece)
+    {
+        switch (piece.segment->kind)
+        {
+        case SegmentKind::Hidden:
+        case SegmentKind::Break:
+            return;
+        case SegmentKind::Control:
+            if (piece.isHyphen)
+                AddSimple(piece, u"-");
+            break;
+        case SegmentKind::Object:
+            DrawObject(piece);
+            break;
+        case SegmentKind::Tab:
+            DrawLeader(piece);
+            break;
+        case SegmentKind::Text:
+            if (piece.part)
+                AddPart(piece);
+            else
+                AddSimple(piece, m_shapes.Text().substr(piece.begin, piece.end - piece.begin));
+            break;
+        }
+        AddLines(piece);
+        AddLink(piece);
+    }
+
+    float Stretch(const CharFormat& format) const
+    {
+        return format.widthPercent == 0 ? 1.0F : static_cast<float>(format.widthPercent) / 100;
+    }
+
+    GlyphRun RunOf(const RunFont& font, QPointF origin, Colour colour)
+    {
+        GlyphRun run;
+        run.size = static_cast<float>(font.size.value);
+        run.origin = origin;
+        run.colour = colour;
+        return run;
+    }
+
+    /// Glyphs that needed no shaping, each at the sum of the advances before it.
+    void AddSimple(const Piece& piece, std::u16string_view text)
+    {
+        const Segment& segment = *piece.segment;
+        GlyphRun run = RunOf(segment.font, {X(piece), Baseline(segment)}, segment.format->colour);
+        run.face = m_list.FaceIndex(*segment.font.face);
+        run.stretch = Stretch(*segment.format);
+        run.text = text;
+        run.glyphs.reserve(text.size());
+        Fine x = 0;
+        for (std::size_t i = 0; i < text.size(); ++i)
+        {
+            const SimpleGlyph glyph = segment.font.face->Simple(text[i]);
+            if (glyph.isSimple)
+                run.glyphs.push_back({glyph.glyph, static_cast<float>(InTwips(x)), 0});
+            x += m_pieces.Advance(piece.begin + static_cast<std::uint32_t>(i));
+        }
+        if (!run.glyphs.empty())
+            m_list.Add(std::move(run));
+    }
+
+    /// A shaped part, or as much of it as stands on this line.
+    void AddPart(const Piece& piece)
+    {
+        const ShapedPart& part = *piece.part;
+        const Segment& segment = *piece.segment;
+        std::int64_t before = 0;
+        std::int64_t within = 0;
+        for (std::uint32_t at = part.begin; at < piece.end; ++at)
+            (at < piece.begin ? before : within) += part.shaped.advances[at - part.begin];
+        const std::int64_t left = piece.IsRightToLeft() ? part.shaped.width - before - within : before;
+        const bool isWhole = piece.begin == part.begin && piece.end == part.end;
+        std::vector<ShapedGlyph> glyphs = part.shaped.glyphs;
+        if (!isWhole)
+            std::erase_if(glyphs, [&](const ShapedGlyph& glyph) { return glyph.x < left || glyph.x >= left + within; });
+        AddShaped(glyphs, left, segment.font, Stretch(*segment.format), {X(piece), Baseline(segment)},
+                  segment.format->colour, piece.IsRightToLeft(),
+                  m_shapes.Text().substr(piece.begin, piece.end - piece.begin), Spread(piece, within));
+    }
+
+    /// How much wider than its glyphs a piece is, by character spacing.
+    double Spread(const Piece& piece, std::int64_t within) const
+    {
+        const Segment& segment = *piece.segment;
+        const double natural = InTwips(ScaledUnits(within, segment.font.size, UnitsOf(segment.font)));
+        return natural > 0 && segment.format->spacing.value != 0
+                   ? InTwips(piece.width) / (natural * static_cast<double>(Stretch(*segment.format)))
+                   : 1;
+    }
+
+    static std::int64_t UnitsOf(const RunFont& font)
+    {
+        return std::int64_t{font.face->Metrics().unitsPerEm} * kAdvancesPerUnit;
+    }
+
+    void AddShaped(const std::vector<ShapedGlyph>& glyphs, std::int64_t left, const RunFont& font, float stretch,
+                   QPointF origin, Colour colour, bool rightToLeft, std::u16string_view text, double spread = 1)
+    {
+        const double unit = static_cast<double>(font.size.value) / static_cast<double>(UnitsOf(font));
+        for (std::size_t i = 0; i < glyphs.size();)
+        {
+            const FontFace* face = glyphs[i].face;
+            GlyphRun run = RunOf(font, origin, colour);
+            run.face = m_list.FaceIndex(*face);
+            run.stretch = stretch;
+            run.rightToLeft = rightToLeft;
+            if (i == 0)
+                run.text = text;
+            for (; i < glyphs.size() && glyphs[i].face == face; ++i)
+                run.glyphs.push_back(
+                    {glyphs[i].glyph,
+                     static_cast<float>(static_cast<double>(glyphs[i].x - left) * unit * spread) * stretch,
+                     static_cast<float>(-glyphs[i].y * unit)});
+            m_list.Add(std::move(run));
+        }
+    }
+
+    void DrawObject(const Piece& piece)
+    {
+        for (const MeasuredObject& measured : m_shapes.objects)
+        {
+            if (measured.offset != piece.begin || measured.size.width <= 0 || measured.size.height <= 0)
+                continue;
+            const double height = InTwips(measured.size.height);
+            m_list.Add(PlacedPicture{QRectF(X(piece), Baseline(*piece.segment) - height, InTwips(piece.width), height),
+                                     ShownObject(measured.object)});
+        }
+    }
+
+    void DrawLeader(const Piece& piece)
+    {
+        struct LeaderLine
+        {
+            TabLeader leader;
+            Underline kind;
+            double height;  // above the baseline, of the font's size
+        };
+        constexpr LeaderLine kLeaders[] = {
+            {TabLeader::Dots, Underline::Dotted, 0.03},  {TabLeader::MiddleDots, Underline::Dotted, 0.25},
+            {TabLeader::Hyphens, Underline::Dash, 0.25}, {TabLeader::Underline, Underline::Single, -0.1},
+            {TabLeader::Thick, Underline::Thick, -0.1},  {TabLeader::Equals, Underline::Double, 0.25},
+        };
+        for (const LeaderLine& leader : kLeaders)
+        {
+            if (leader.leader != piece.leader || piece.width <= 0)
+                continue;
+            const double size = piece.segment->font.size.value;
+            const float thickness = static_cast<float>(std::max(size / 18, kLeastThickness));
+            m_list.Add(TextLine{{X(piece), Baseline(*piece.segment) - size * leader.height},
+                                static_cast<float>(InTwips(piece.width)),
+                                thickness,
+                                leader.kind,
+                                piece.segment->format->colour});
+        }
+    }
+
+    /// Lines under and through a piece; those of neighbours are one, so that waves and dots go through.
+    void AddLines(const Piece& piece)
+    {
+        const CharFormat& format = *piece.segment->format;
+        if (piece.width <= 0 || piece.begin >= LastShown())
+            return;
+        const RunFont& font = piece.segment->font;
+        const FaceMetrics& metrics = font.face->Metrics();
+        const double unit = static_cast<double>(font.size.value) / metrics.unitsPerEm;
+        const double baseline = Baseline(*piece.segment);
+        const double thickness = std::max(metrics.underlineThickness * unit, kLeastThickness);
+        const Colour underlineColour = format.underlineColour.IsAutomatic() ? format.colour : format.underlineColour;
+        if (format.underline == Underline::Words)
+            AddWordLines(piece, baseline + metrics.underlinePosition * unit, thickness, underlineColour);
+        else if (format.underline != Underline::None)
+            Extend(m_under, piece, baseline + metrics.underlinePosition * unit, thickness, format.underline,
+                   underlineColour);
+        if (format.strike || format.doubleStrike)
+            Extend(m_through, piece, baseline - metrics.strikeoutPosition * unit, thickness,
+                   format.doubleStrike ? Underline::Double : Underline::Single, format.colour);
+    }
+
+    /// Lines go on under the blanks at a line's end only where text follows them.
+    std::uint32_t LastShown() const { return m_line.ending == LineEnd::Wrapped ? m_pieces.TextEnd() : m_line.end; }
+
+    void AddWordLines(const Piece& piece, double y, double thickness, Colour colour)
+    {
+        const std::u16string_view source = m_shapes.source;
+        for (std::uint32_t at = piece.begin; at < piece.end;)
+        {
+            std::uint32_t end = at;
+            while (end < piece.end && source[end] != u' ' && source[end] != u'\t')
+                ++end;
+            if (end > at)
+            {
+                const double a = InTwips(m_pieces.Edge(piece, at));
+                const double b = InTwips(m_pieces.Edge(piece, end));
+                m_list.Add(TextLine{{m_left + std::min(a, b), y},
+                                    static_cast<float>(std::max(a, b) - std::min(a, b)),
+                                    static_cast<float>(thickness),
+                                    Underline::Single,
+                                    colour});
+            }
+            at = std::max(end, at + 1);
+        }
+    }
+
+    void Extend(std::vector<TextLine>& lines, const Piece& piece, double y, double thickness, Underline kind,
+                Colour colour)
+    {
+        TextLine line{
+            {X(piece), y}, static_cast<float>(InTwips(piece.width)), static_cast<float>(thickness), kind, colour};
+        if (!lines.empty())
+        {
+            TextLine& before = lines.back();
+            const double gap = before.from.x() + static_cast<double>(before.length) - line.from.x();
+            constexpr double kSeam = 1;
+            if (before.from.y() == line.from.y() && before.thickness == line.thickness && before.kind == kind &&
+                before.colour == colour && gap > -kSeam && gap < kSeam)
+            {
+                before.length = static_cast<float>(line.from.x() + static_cast<double>(line.length) - before.from.x());
+                return;
+            }
+        }
+        lines.push_back(line);
+    }
+
+    void FlushLines()
+    {
+        for (const std::vector<TextLine>* lines : {&m_under, &m_through})
+            for (const TextLine& line : *lines)
+                m_list.Add(line);
+    }
+
+    void AddLink(const Piece& piece)
+    {
+        if (!piece.segment->format->field || piece.width <= 0)
+            return;
+        std::u16string target = LinkTarget(*piece.segment->format->field);
+        if (!target.empty())
+            m_list.Add(LinkArea{QRectF(X(piece), m_textTop, InTwips(piece.width), InTwips(m_line.textHeight)),
+                                std::move(target)});
+    }
+
+    const ParagraphLayout& m_layout;
+    const ParagraphShapes& m_shapes;
+    DisplayList& m_list;
+    const Line& m_line;
+    LinePieces m_pieces;
+    double m_left = 0;
+    double m_baseline = 0;
+    double m_textTop = 0;
+    std::vector<TextLine> m_under;
+    std::vector<TextLine> m_through;
+};
+
+void DrawBorders(const ParagraphLayout& layout, DisplayList& list, QPointF origin, std::uint32_t first,
+                 std::uint32_t last)
+{
+    const Borders& borders = *layout.Format().borders;
+    const ParagraphContext& context = layout.Context();
+    QRectF frame = Frame(layout, origin, first, last);
+    const bool hasTop = first == 0 && !context.joinsAbove;
+    const bool hasEnd = last == layout.Lines().size();
+    const Border& atEnd = borders[context.joinsBelow ? BorderSide::Between : BorderSide::Bottom];
+    frame.adjust(-Outside(borders[BorderSide::Left]), hasTop ? -Outside(borders[BorderSide::Top]) : 0,
+                 Outside(borders[BorderSide::Right]), hasEnd ? Outside(atEnd) : 0);
+    const auto add = [&list](const Border& border, QPointF from, QPointF to) {
+        if (border.style != BorderStyle::None)
+            list.Add(BorderLine{from, to, border});
+    };
+    if (hasTop)
+        add(borders[BorderSide::Top], frame.topLeft(), frame.topRight());
+    add(borders[BorderSide::Left], frame.topLeft(), frame.bottomLeft());
+    add(borders[BorderSide::Right], frame.topRight(), frame.bottomRight());
+    add(borders[BorderSide::Bar], frame.topLeft(), frame.bottomLeft());
+    if (hasEnd)
+        add(atEnd, frame.bottomLeft(), frame.bottomRight());
+}
+
+/// The vertical lines of bar tabs go through all lines of a paragraph.
+void DrawBars(const ParagraphLayout& layout, DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last)
+{
+    constexpr Twips kBarWidth{15};
+    const QRectF frame = Frame(layout, origin, first, last);
+    for (const TabStop& stop : *layout.Format().tabs)
+    {
+        if (stop.kind != TabKind::Bar)
+            continue;
+        const double x = origin.x() + stop.position.value;
+        list.Add(BorderLine{{x, frame.top()}, {x, frame.bottom()}, {BorderStyle::Single, kBarWidth, {}, {}}});
+    }
+}
+
+}  // namespace
+
+void ParagraphLayout::DrawBackground(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last) const
+{
+    if (first >= last || m_height == 0)
+        return;
+    if (m_format->shading)
+    {
+        const Shading& shading = *m_format->shading;
+        if (!shading.fill.IsAutomatic() || shading.hundredths > 0)
+            list.Add(FilledRectangle{.rectangle = Frame(*this, origin, first, last),
+                                     .colour = shading.fill,
+                                     .ground = Ground::Background,
+                                     .mixed = shading.hundredths,
+                                     .pattern = shading.foreground});
+    }
+    for (std::uint32_t line = first; line < last; ++line)
+        PieceDrawing(*this, list, origin, line).DrawHighlights();
+    if (m_format->borders)
+        DrawBorders(*this, list, origin, first, last);
+}
+
+void ParagraphLayout::DrawText(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last) const
+{
+    if (m_height == 0)
+        return;
+    if (m_format->tabs && first < last)
+        DrawBars(*this, list, origin, first, last);
+    for (std::uint32_t line = first; line < last; ++line)
+    {
+        PieceDrawing drawing(*this, list, origin, line);
+        if (line == 0)
+            drawing.DrawNumber();
+        drawing.DrawText();
+    }
+}
+
+}  // namespace quillmarker
