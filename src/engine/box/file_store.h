@@ -1,6 +1,7 @@
 #pragma once
 
-#include "quillmarker/file_error.h"
+#include <quillmarker/export.h>
+#include <quillmarker/file_error.h>
 
 #include <filesystem>
 #include <string>
@@ -16,12 +17,12 @@ struct FileContents
 };
 
 /// All bytes of anything that can be read to its end, a pipe included.
-FileContents ReadFile(const std::filesystem::path& path);
+QUILLMARKER_CORE_EXPORT FileContents ReadFile(const std::filesystem::path& path);
 
 /// Makes `bytes` the contents of `path`. A regular file is replaced as a whole: a new file is written beside it,
 /// brought to disk and renamed over it, so a failure at any point leaves the old contents whole and nothing else
 /// behind. The file keeps its permissions, and a symbolic link keeps pointing at it; a read-only file is refused. A
 /// pipe or a device is written in place.
-FileError WriteFile(const std::filesystem::path& path, std::string_view bytes);
+QUILLMARKER_CORE_EXPORT FileError WriteFile(const std::filesystem::path& path, std::string_view bytes);
 
 }  // namespace quillmarker

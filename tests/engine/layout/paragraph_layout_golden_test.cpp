@@ -1,0 +1,92 @@
+#include "layout_dump.h"
+#include "support/fixed_font_host.h"
+#include "support/golden.h"
+
+#include "engine/layout/paragraph_context.h"
+
+#include <quillmarker/rtf.h>
+
+#include <gtest/gtest.h>
+
+namespace quillmarker
+{
+namespace
+{
+
+struct Case
+{
+    const char* name;
+    const char* rtf;  // the body of a document in a fixed font, 10 points: a character is 100 wide, a line 200 high
+    Twips width;
+};
+
+// One row for each thing that a paragraph can ask of its lines.
+constexpr Case kCases[] = {
+    {"left", "the quick brown fox jumps over the lazy dog", {1000}},
+    {"right", "\\qr the quick brown fox jumps", {1000}},
+    {"centre", "\\qc the quick brown fox jumps", {1000}},
+    {"justify", "\\qj a b c dddd eeee ffff gggg", {1000}},
+    {"indents", "\\li200\\ri100\\fi-200 aaa bbb ccc ddd eee fff", {1000}},
+    {"first", "\\fi300 aaa bbb ccc ddd eee fff", {1000}},
+    {"space", "\\sb120\\sa240 aaa bbb ccc", {1000}},
+    {"at_least", "\\sl300\\slmult0 aaa bbb ccc", {1000}},
+    {"exactly", "\\sl-150\\slmult0 aaa bbb ccc", {1000}},
+    {"multiple", "\\sl360\\slmult1 aaa bbb ccc", {1000}},
+    {"tabs_left", "\\tx500 a\\tab b\\tab c\\tab d", {3000}},
+    {"tabs_kinds", "\\tqr\\tx500\\tqc\\tx1000\\tqdec\\tx1500 a\\tab bb\\tab cc\\tab 12.34", {3000}},
+    {"tabs_leaders", "\\tldot\\tx500\\tlhyph\\tqr\\tx1000\\tlul\\tx1500 a\\tab b\\tab c\\tab d", {3000}},
+    {"tabs_bar", "\\tb\\tx400\\tx800 a\\tab b", {3000}},
+    {"tab_at_margin", "\\tqr\\tx1200 a\\tab bb", {1000}},
+    {"tab_wraps", "aaaaaaa\\tab bbbb cccc", {1000}},
+    {"bullet", "{\\pntext\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnindent360{\\pntxtb\\'b7}}\\fi-360\\li360 one two three four", {1200}},
+    {"number", "{\\*\\pn\\pnlvlbody\\pndec\\pnstart7\\pnindent300{\\pntxta .}}\\fi-300\\li300 one two three", {1200}},
+    {"breaks", "one\\line two\\page three\\column four", {3000}},
+    {"hidden", "one {\\v hidden words }two three", {700}},
+    {"hidden_all", "\\v all of it", {700}},
+    {"offset", "a{\\up10 b}{\\dn10 c}", {3000}},
+    {"scripts", "a{\\super b}{\\sub c}", {3000}},
+    {"underlines", "{\\ul one }{\\uldb two}{\\ulw three four}", {3000}},
+    {"strikes", "{\\strike one}{\\striked1 two}", {3000}},
+    {"capitals", "{\\caps Aa}{\\scaps Bb}", {3000}},
+    {"spacing", "{\\expndtw20 abc}{\\charscalex200 d}", {3000}},
+    {"soft_hyphen", "abcd\\-efgh\\-ijkl", {600}},
+    {"soft_hyphen_no_room", "abcdef\\-gh", {600}},
+    {"long_word", "abcdefghijklmno", {600}},
+    {"blanks_hang", "abcdef      ghi", {600}},
+    {"unwrapped", "one two three four five", {0}},
+    {"empty", "", {1000}},
+    {"big_in_line", "a{\\fs40 B}c", {1000}},
+    {"hebrew", "\\rtlpar\\qr abc \\u1488?\\u1489?\\u1490? def", {3000}},
+    {"hebrew_in_latin", "abc \\u1488?\\u1489? \\u1490?\\u1491? def", {3000}},
+    {"surrogates", "a\\u-10179?\\u-8704?b", {3000}},
+    {"combining", "e\\u769?a", {3000}},
+    {"borders", "\\brdrt\\brdrs\\brdrw20\\brsp40\\brdrb\\brdrdb\\brdrw30\\brsp20 aaa bbb ccc", {1000}},
+    {"shading", "\\shading2500\\cbpat0 aaa", {1000}},
+    {"highlight", "a{\\highlight1 bb}{\\highlight1\\b cc}d", {1000}},
+    {"picture", "a{\\pict\\pngblip\\picwgoal400\\pichgoal600 89504e47}b", {3000}},
+    {"link", "{\\field{\\*\\fldinst HYPERLINK \"http://example.org\"}{\\fldrslt here}}", {3000}},
+    {"negative_indent", "\\li-200 aaa bbb", {1000}},
+    {"nothing_fits", "\\li900\\ri900 ab c", {1000}},
+};
+
+class ParagraphGoldens : public testing::TestWithParam<Case>
+{
+};
+
+TEST_P(ParagraphGoldens, LinesAndDrawingAreTheRecordedOnes)
+{
+    const Case& shown = GetParam();
+    FixedFontHost fonts;
+    const Document document = ReadRtf("{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Fixed;}}{\\colortbl;\\red255\\green255\\blue0;}\\f0\\fs20 " +
+                                      std::string(shown.rtf) + "\\par}");
+    NumberIndex numbers;
+    const ParagraphLayout layout(document.SharedParagraphAt(0), document.Formats(), fonts,
+                                 ContextOf(document, 0, shown.width, numbers));
+    ExpectGolden("tests/engine/layout/golden/" + std::string(shown.name) + ".txt", Dump(layout) + DumpDrawing(layout));
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, ParagraphGoldens, testing::ValuesIn(kCases),
+                         [](const testing::TestParamInfo<Case>& shown) { return std::string(shown.param.name); });
+
+}  // namespace
+}  // namespace quillmarker
