@@ -91,7 +91,10 @@ struct TextBox::State
     bool MayEdit(TextRange range) const;
     /// What the user writes beside protected text is not protected.
     void WriteUnprotected();
-    std::u16string_view WithinMaxLength(std::u16string_view text) const;
+    /// The units that MaxLength leaves for what replaces the selection; `wanted` when there is no such limit.
+    std::int32_t UserRoom(std::int32_t wanted) const;
+    /// As much of a text, put over as many units, as MaxLength leaves room for.
+    std::u16string_view WithinMaxLength(std::u16string_view text, std::int32_t over) const;
     bool DeleteAsUser(TextRange range);
 
     void RaiseChange() const;

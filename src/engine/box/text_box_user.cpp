@@ -68,12 +68,12 @@ void TextBox::State::WriteUnprotected()
     insertion = format;
 }
 
-/// As much of a text as MaxLength leaves room for; a line end and a pair of surrogates are not cut.
-std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text) const
+/// A line end and a pair of surrogates are not cut.
+std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text, std::int32_t over) const
 {
     if (maxLength <= 0)
         return text;
-    const std::int32_t room = std::max(maxLength - (document.Size() - selection.length), 0);
+    const std::int32_t room = std::max(maxLength - (document.Size() - over), 0);
     std::size_t fits = text.size();
     while (fits > 0 && LengthInDocument(text.substr(0, fits)) > room)
         fits = std::min(fits - 1, static_cast<std::size_t>(room));
@@ -81,6 +81,11 @@ std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text) co
     const bool cutsPair =
         fits > 0 && fits < text.size() && IsHighSurrogate(text[fits - 1]) && IsLowSurrogate(text[fits]);
     return text.substr(0, cutsLineEnd || cutsPair ? fits - 1 : fits);
+}
+
+std::int32_t TextBox::State::UserRoom(std::int32_t wanted) const
+{
+    return maxLength <= 0 ? wanted : maxLength - (document.Size() - selection.length);
 }
 
 bool TextBox::State::DeleteAsUser(TextRange range)
@@ -98,7 +103,7 @@ bool TextBox::Type(std::u16string_view text)
 {
     if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const std::u16string_view fitting = m_state->WithinMaxLength(text);
+    const std::u16string_view fitting = m_state->WithinMaxLength(text, m_state->selection.length);
     if (fitting.empty() && m_state->selection.length == 0)
         return text.empty();
     m_state->WriteUnprotected();
@@ -122,11 +127,35 @@ bool TextBox::TypeDelete()
     return !IsTableMark(m_state->document, behind) && m_state->DeleteAsUser(behind);
 }
 
+bool TextBox::TypeOver(TextRange given, std::u16string_view text)
+{
+    const TextRange range = Snapped(m_state->document, given);
+    if (text.empty())
+        return m_state->DeleteAsUser(range);
+    if (!m_state->MayEdit(range))
+        return false;
+    const std::u16string_view fitting = m_state->WithinMaxLength(text, range.Length());
+    const std::int32_t length = LengthInDocument(fitting);
+    if (length == 0 || m_state->document.Size() - range.Length() > kMaxTextUnits - length)
+        return false;
+    const Location at = m_state->document.Locate(range.begin);
+    const Paragraph& paragraph = m_state->document.ParagraphAt(at.paragraph);
+    // At the caret it is typing like any other; elsewhere the text takes the format of what it replaces.
+    const bool isAtCaret = m_state->Range() == TextRange{range.begin, range.begin};
+    CharFormat format = isAtCaret
+                            ? m_state->FormatToInsert()
+                            : m_state->document.FormatOf(paragraph.FormatAt(static_cast<std::uint32_t>(at.offset)));
+    format.protectedText = false;
+    Document next = WithText(m_state->document, range, fitting, m_state->document.SharedFormats().Intern(format));
+    m_state->Edit(std::move(next), {range.begin.value + length, 0}, StepKind::Typing);
+    return fitting.size() == text.size();
+}
+
 bool TextBox::PasteText(std::u16string_view text)
 {
     if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const std::u16string_view fitting = m_state->WithinMaxLength(text);
+    const std::u16string_view fitting = m_state->WithinMaxLength(text, m_state->selection.length);
     if (!fitting.empty() || m_state->selection.length > 0)
     {
         m_state->WriteUnprotected();
@@ -137,11 +166,20 @@ bool TextBox::PasteText(std::u16string_view text)
 
 bool TextBox::PasteRTF(std::u16string_view rtf)
 {
+    // What may not be put in is not read either.
+    return m_state->MayEdit(m_state->Range()) && PasteFragment(ReadRtf(rtf, m_state->ReadingHere()));
+}
+
+bool TextBox::PasteRTFBytes(std::string_view rtf)
+{
+    return m_state->MayEdit(m_state->Range()) && PasteFragment(ReadRtf(rtf, m_state->ReadingHere()));
+}
+
+bool TextBox::PasteFragment(const Document& fragment)
+{
     if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const Document fragment = ReadRtf(rtf, m_state->ReadingHere());
-    const std::int32_t room =
-        m_state->maxLength <= 0 ? fragment.Size() : m_state->maxLength - (TextLength() - m_state->selection.length);
+    const std::int32_t room = m_state->UserRoom(fragment.Size());
     if (fragment.Size() <= room)
     {
         m_state->PutFragment(fragment, StepKind::Separate);
@@ -149,6 +187,15 @@ bool TextBox::PasteRTF(std::u16string_view rtf)
     }
     m_state->PutFragment(Slice(fragment, {{0}, {std::max(room, 0)}}), StepKind::Separate);
     return false;
+}
+
+bool TextBox::PasteObject(InlineObject object)
+{
+    if (!m_state->MayEdit(m_state->Range()) || !m_state->HasRoomFor(1) || m_state->UserRoom(1) < 1)
+        return false;
+    m_state->WriteUnprotected();
+    InsertObject(std::move(object));
+    return true;
 }
 
 void TextBox::Span(std::u16string_view characters, SpanDirection direction, CharacterSet set)
