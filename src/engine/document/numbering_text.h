@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillmarker/export.h>
 #include <quillmarker/paragraph_format.h>
 
 #include <array>
@@ -14,11 +15,14 @@ namespace quillmarker
 std::u16string NumberText(NumberKind kind, std::int32_t number);
 
 /// Counts numbered paragraphs in the order of the text.
-class NumberCounter
+class QUILLMARKER_CORE_EXPORT NumberCounter
 {
 public:
     /// What stands before the next paragraph; empty when it is not numbered.
     std::u16string Next(const Numbering* numbering);
+
+    /// Counters that are equal say the same of all that follows.
+    bool operator==(const NumberCounter&) const = default;
 
 private:
     static constexpr std::size_t kLevels = 9;
@@ -27,6 +31,8 @@ private:
         bool isRunning = false;
         std::int32_t number = 0;
         NumberKind kind = NumberKind::Decimal;
+
+        bool operator==(const Level&) const = default;
     };
     using Levels = std::array<Level, kLevels>;
 
