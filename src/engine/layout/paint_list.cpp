@@ -2,6 +2,7 @@
 
 #include "border_painting.h"
 #include "glyph_painting.h"
+#include "link_writing.h"
 #include "paint_surface.h"
 #include "painted_ground.h"
 #include "picture_image.h"
@@ -80,7 +81,10 @@ public:
 
     void operator()(const BeginClip& clip) { m_surface.OpenClip(m_surface.Snapped(m_surface.Mapped(clip.rectangle))); }
     void operator()(const EndClip&) { m_surface.CloseClip(); }
-    void operator()(const LinkArea&) {}
+    void operator()(const LinkArea& link)
+    {
+        WriteLink(m_surface.Painter(), m_surface.Mapped(link.rectangle), link.target);
+    }
 
 private:
     QColor TextColour(Colour colour, QPointF place) const
