@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <initializer_list>
 #include <limits>
 #include <thread>
 #include <vector>
@@ -324,6 +325,50 @@ TEST(PaintPicture, ANegativeCropLeavesAMargin)
     const QImage image = Painted(picture, QRectF(0, 0, 80, 40));
     EXPECT_EQ(image.pixelColor(20, 10), QColor(Qt::white));
     ExpectQuarters(image.copy(40, 0, 40, 40));
+}
+
+// Fills its frame of 20 x 10 mm (and units): red in the left half, blue in the right.
+std::string TwoColouredEmf()
+{
+    std::string emf;
+    const auto put = [&](std::initializer_list<std::uint32_t> numbers) {
+        for (const std::uint32_t number : numbers)
+        {
+            emf.append(4, '\0');
+            Put32(emf, emf.size() - 4, number);
+        }
+    };
+    put({1, 88, 0, 0, 1999, 999, 0, 0, 2000, 1000});                   // header: bounds, frame
+    put({0x464D4520, 0x10000, 0, 9, 4, 0, 0, 0, 2000, 1000, 20, 10});  // signature … device, millimetres
+    put({39, 24, 1, 0, 0x0000FF, 0, 39, 24, 2, 0, 0xFF0000, 0});       // two solid brushes
+    put({37, 12, 0x80000008});                                         // no pen
+    put({37, 12, 1, 43, 24, 0, 0, 1000, 1000});                        // red rectangle
+    put({37, 12, 2, 43, 24, 1000, 0, 2000, 1000});                     // blue rectangle
+    put({14, 20, 0, 0, 20});                                           // end
+    Put32(emf, 48, static_cast<std::uint32_t>(emf.size()));
+    return emf;
+}
+
+TEST(PaintPicture, PlaysAMetafileWhateverItsKindSaysAndCropsIt)
+{
+    for (const PictureKind kind : {PictureKind::Emf, PictureKind::Wmf, PictureKind::Png, PictureKind::Other})
+    {
+        Picture picture = PictureOf(kind, TwoColouredEmf());
+        const QImage image = Painted(picture, QRectF(10, 10, 80, 40));
+        EXPECT_EQ(image.pixelColor(30, 30), QColor(Qt::red)) << static_cast<int>(kind);
+        EXPECT_EQ(image.pixelColor(70, 30), QColor(Qt::blue));
+        EXPECT_EQ(image.pixelColor(5, 30), QColor(Qt::white));
+        EXPECT_EQ(image.pixelColor(95, 30), QColor(Qt::white));
+    }
+    Picture picture = PictureOf(PictureKind::Emf, TwoColouredEmf());
+    EXPECT_NEAR(ShownSize(picture).width(), 1134, 1) << "20 mm";
+    picture.goalWidth = {2000};
+    picture.goalHeight = {1000};
+    picture.cropLeft = {1000};
+    const QImage image = Painted(picture, QRectF(10, 10, 80, 40));
+    EXPECT_EQ(image.pixelColor(15, 30), QColor(Qt::blue));
+    EXPECT_EQ(image.pixelColor(85, 30), QColor(Qt::blue));
+    EXPECT_EQ(image.pixelColor(5, 30), QColor(Qt::white)) << "what is cropped is not painted beside it";
 }
 
 TEST(PaintPicture, ThatCannotBeReadIsAFrameWithACross)
