@@ -266,6 +266,28 @@ TEST(Wmf, TextIsWhereItIsPutAndInItsColour)
     EXPECT_EQ(played.Inked(QRect(0, 0, 20, 100)), 0);
 }
 
+TEST(Wmf, TextThatIsTurnedRunsAlongTheYOfTheWindow)
+{
+    const auto played = [](int escapement, bool growsUpwards) {
+        WmfBuilder builder = Wmf();
+        if (growsUpwards)
+            builder.Words(0x020B, {100, 0}).Words(0x020C, {-100, 100});
+        ByteWriter font;
+        font.I16(-20).I16(0).I16(escapement).I16(escapement).I16(700).U32(0).U32(0).Bytes("Arial").U8(0);
+        builder.Words(0x0102, {1}).Record(0x02FB, font).Words(0x012D, {1});
+        builder.Record(0x0521, ByteWriter().U16(4).Bytes("HHHH").I16(50).I16(50));
+        return Played(builder.Standard());
+    };
+    const QRect above(25, 0, 50, 45);
+    const QRect below(25, 55, 50, 45);
+    EXPECT_GT(played(900, false).Inked(above), 100);
+    EXPECT_EQ(played(900, false).Inked(below), 0);
+    EXPECT_GT(played(2700, false).Inked(below), 100);
+    EXPECT_EQ(played(2700, false).Inked(above), 0);
+    EXPECT_GT(played(2700, true).Inked(above), 100);
+    EXPECT_EQ(played(2700, true).Inked(below), 0);
+}
+
 TEST(Emf, TheWorldTransformMovesAndTurns)
 {
     EmfBuilder builder = Emf();

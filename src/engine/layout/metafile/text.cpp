@@ -128,7 +128,9 @@ QTransform TextFrame(const Player& player, QPointF place, qreal scale)
     const QPointF origin = Bearable(player.ToTarget().map(place));
     const QTransform world(mapping.world.m11(), mapping.world.m12(), mapping.world.m21(), mapping.world.m22(), 0, 0);
     QTransform frame = QTransform::fromScale(scale, scale);
-    frame *= QTransform().rotate(-player.State().font.escapement);
+    // A line that climbs does so along the mapping's y: where that grows upwards, it is turned the other way round.
+    const qreal angle = player.State().font.escapement;
+    frame *= QTransform().rotate(page.m11() * page.m22() < 0 ? angle : -angle);
     frame *= QTransform::fromScale(std::copysign(1, page.m11()), std::copysign(1, page.m22()));
     frame *= world;
     frame *= QTransform::fromScale(page.m11(), page.m22());
