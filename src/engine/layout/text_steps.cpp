@@ -163,12 +163,11 @@ std::int32_t ClickedCharacter(std::u16string_view text, std::int32_t offset)
 
 bool TakesRoom(const Document& document, const Paragraph& paragraph)
 {
-    if (paragraph.Ending().kind == Mark::Row && paragraph.Text().empty())
-        return false;
-    const auto isHidden = [&](CharFormatId format) { return document.FormatOf(format).hidden; };
-    return !isHidden(paragraph.Ending().charFormat) ||
-           !std::all_of(paragraph.Runs().begin(), paragraph.Runs().end(),
-                        [&](const Run& run) { return isHidden(run.format); });
+    const ParagraphMark& mark = paragraph.Ending();
+    if (mark.kind != Mark::Row && !document.FormatOf(mark.charFormat).hidden)
+        return true;
+    return std::any_of(paragraph.Runs().begin(), paragraph.Runs().end(),
+                       [&](const Run& run) { return !document.FormatOf(run.format).hidden; });
 }
 
 Position NextCharacter(const Document& document, Position at) { return SteppedOn(document, at, &NextCharacterBreak); }

@@ -12,7 +12,7 @@ namespace quillmarker
 // pair, a user-perceived character, a line end, or hidden text. Hidden text is passed with what stands beside it, so that
 // each step shows; what takes no room (a row's mark, a paragraph that is hidden with its mark) is passed as a whole.
 
-/// Whether a paragraph is shown at all: a row's mark is not, nor a paragraph whose text and mark are hidden.
+/// Whether a paragraph is shown at all: one with nothing but hidden text is not if its mark is hidden or ends a row.
 bool TakesRoom(const Document& document, const Paragraph& paragraph);
 
 /// The next place for a caret; `at` itself when there is none.

@@ -4,7 +4,6 @@
 #include "engine/document/format_edit.h"
 
 #include <QBrush>
-#include <QTextCharFormat>
 
 #include <algorithm>
 
@@ -68,7 +67,8 @@ Document PreEdit::Shown(const TextBox& box) const
     const Document& document = box.Value();
     // Line ends would be other positions than the input method counts.
     std::u16string text = m_text.toStdU16String();
-    std::ranges::replace_if(text, [](char16_t unit) { return unit < u' '; }, u' ');
+    std::ranges::replace_if(
+        text, [](char16_t unit) { return unit < u' '; }, u' ');
     Document shown = WithText(document, {begin, begin}, text, document.SharedFormats().Intern(format));
     const auto size = static_cast<int>(text.size());
     for (const Stretch& stretch : m_stretches)

@@ -6,6 +6,7 @@
 
 #include <QInputMethodEvent>
 #include <QString>
+#include <QTextCharFormat>
 
 #include <vector>
 

@@ -99,7 +99,8 @@ std::uint64_t LookOf(const ParagraphLayout& layout, std::uint32_t index)
     if (isLast)
         mix.Add(mark.charFormat);
     if (isFirst)
-        mix.Add(layout.Context().number);
+        mix.Add(std::u16string_view(layout.Context().number));
+    mix.Add(layout.Context().joinsAbove, layout.Context().joinsBelow);
     mix.Add(line.left, line.width, line.height, line.baseline, line.textTop, line.textHeight);
     return mix.Value();
 }

@@ -1,6 +1,7 @@
 #include "view_state.h"
 
 #include <QScrollBar>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -67,9 +68,9 @@ Position RichTextView::State::ToShown(Position position) const
     return preEdit.ToShown(position, track.Caret().position);
 }
 
-QRect RichTextView::State::CaretRectangle(CaretPosition shownCaret)
+QRect RichTextView::State::CaretRectangle(CaretPosition caret)
 {
-    const CaretBox place = Flow().BoxOf(shownCaret);
+    const CaretBox place = Flow().BoxOf(caret);
     const int width = std::max(view.style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, &view), 1);
     const int left = static_cast<int>(std::floor(Origin().x() + Scale().Pixels(place.x)));
     const int top = PixelTop(place.top);
@@ -83,7 +84,7 @@ QRect RichTextView::State::CharacterRectangle(Position position)
     const Location at = shownFlow.Value().Locate(position);
     const ParagraphLayout& layout = shownFlow.LayoutOf(line.paragraph);
     const auto offset = static_cast<std::uint32_t>(at.offset);
-    const QRect caret = CaretRectangle({position});
+    const QRect caret = CaretRectangle(CaretPosition{position});
     const auto units = static_cast<std::uint32_t>(layout.Source().Text().size());
     if (offset >= units)
         return {caret.left(), caret.top(), 0, caret.height()};

@@ -47,15 +47,16 @@ struct RichTextView::State
     bool hasVerbMenu = false;
     bool overwrites = false;
 
-    bool isStale = false;           // the flow shows an older document
-    bool isRefreshDue = false;      // an event is on its way
-    bool isRefreshing = false;      // scroll bars that move now are moved by us
-    bool mustReveal = false;        // the caret is to be scrolled to
-    bool staysPut = false;          // what happens now does not scroll
-    bool isOwnDrag = false;         // the user drags this view's selection
+    bool isStale = false;       // the flow shows an older document
+    bool isRefreshDue = false;  // an event is on its way
+    bool isRefreshing = false;  // scroll bars that move now are moved by us
+    bool mustReveal = false;    // the caret is to be scrolled to
+    bool staysPut = false;      // what happens now does not scroll
+    bool isOwnDrag = false;     // the user drags this view's selection
     MouseGesture gesture = MouseGesture::None;
     MouseSelection mouseSelection;
     QPoint pressedAt;
+    QPoint mouseAt;  // while a button is down
     QString pressedLink;
     QBasicTimer autoscroll;
     QBasicTimer tripleClick;
@@ -78,7 +79,7 @@ struct RichTextView::State
     int PixelTop(Fine y) const;
     FlowHit HitAt(const QPoint& point);
     CaretPosition ShownCaret() const;
-    QRect CaretRectangle(CaretPosition shownCaret);
+    QRect CaretRectangle(CaretPosition caret);
     QRect CharacterRectangle(Position shown);
     Position FromShown(Position position) const;
     Position ToShown(Position position) const;
@@ -98,7 +99,7 @@ struct RichTextView::State
     // view_scrolling.cpp
     void Settle();
     void FitScrollBars();
-    void Reveal(CaretPosition shownCaret);
+    void Reveal(CaretPosition caret);
     void PlaceAt(int top);
     void SetZoom(int percent);
     void TakeWidth(Twips width);
