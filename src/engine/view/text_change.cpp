@@ -69,6 +69,8 @@ std::size_t CommonEnd(std::u16string_view a, std::u16string_view b)
 
 TextChange Narrowed(Position at, std::u16string_view before, std::u16string_view after)
 {
+    if (before == after)
+        return {at, {}, {}};
     const std::size_t start = CommonStart(before, after);
     before.remove_prefix(start);
     after.remove_prefix(start);

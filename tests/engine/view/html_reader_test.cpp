@@ -105,7 +105,7 @@ TEST(ReadingHtml, WhatItDoesNotStateIsAsThePlaceHasIt)
 
 TEST(ReadingHtml, TakesAlignmentDirectionAndHeadings)
 {
-    const Document document = Read("<p align=\"center\">a</p><p style=\"text-align:justify\">b</p>"
+    const Document document = Read("<p align=\"center\">a</p><p style='color:red; TEXT-ALIGN : justify'>b</p>"
                                    "<p dir=\"rtl\">c</p><h2>d</h2>");
     EXPECT_EQ(ParagraphFormatAt(document, 0).alignment, Alignment::Centre);
     EXPECT_EQ(ParagraphFormatAt(document, 1).alignment, Alignment::Justify);

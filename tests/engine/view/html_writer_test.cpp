@@ -33,10 +33,10 @@ std::string FragmentOfRtf(std::string_view rtf) { return FragmentOf(ReadRtf(rtf)
 TEST(WritingHtml, APartOfAParagraphStandsInALine)
 {
     const Document document = SampleDocument("pay <b>tot</b>al now");
-    EXPECT_EQ(
-        FragmentOf(document, {{4}, {8}}),
-        "<span style=\"white-space:pre-wrap\"><span style=\"font-family:'Arial';font-size:10pt;\"><b>tot</b></span>"
-        "<span style=\"font-family:'Arial';font-size:10pt;\">a</span></span>");
+    EXPECT_EQ(FragmentOf(document, {{4}, {8}}),
+              "<span style=\"white-space:pre-wrap\"><span "
+              "style=\"font-family:'Arial',sans-serif;font-size:10pt;\"><b>tot</b></span>"
+              "<span style=\"font-family:'Arial',sans-serif;font-size:10pt;\">a</span></span>");
 }
 
 TEST(WritingHtml, ParagraphsAreParagraphs)
@@ -63,7 +63,7 @@ TEST(WritingHtml, TextCannotBecomeATag)
     EXPECT_THAT(FragmentOf(document), HasSubstr(">&lt;script&gt;&amp;&quot;'</span>"));
     CharFormat format = DefaultCharFormat();
     format.font = u"a'\"><script>\\";
-    EXPECT_THAT(TagsOf(format).open, HasSubstr("font-family:'a&gt;&lt;script&gt;';"));
+    EXPECT_THAT(TagsOf(format).open, HasSubstr("font-family:'a&gt;&lt;script&gt;',sans-serif;"));
 }
 
 TEST(WritingHtml, HiddenTextIsLeftOut)

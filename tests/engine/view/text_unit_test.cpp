@@ -74,7 +74,7 @@ TEST(TextUnits, FollowEachOtherWithoutGaps)
             for (Position at{0}; at.value < document.Size();)
             {
                 const TextRange range = UnitAround(document, at, unit);
-                ASSERT_EQ(range.begin, at);
+                ASSERT_EQ(range.begin, at) << static_cast<int>(unit) << testing::PrintToString(document.Text());
                 ASSERT_GT(range.end, at);
                 text += document.Text(range);
                 at = range.end;
