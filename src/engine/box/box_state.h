@@ -8,6 +8,7 @@
 #include <quillmarker/rtf.h>
 #include <quillmarker/text_box.h>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -44,7 +45,11 @@ struct TextBox::State
 {
     explicit State(TextBox& owner) : box(owner), document(FormatOf(font)) {}
 
+    /// Expires with the box.
+    using Life = std::weak_ptr<const bool>;
+
     TextBox& box;
+    std::shared_ptr<const bool> life = std::make_shared<const bool>(true);
     BoxFont font;
     Document document;
     Selection selection;

@@ -1,5 +1,6 @@
 #include "engine/box/box_state.h"
 #include "engine/document/tree.h"
+#include "engine/document/unit_search.h"
 
 #include <quillmarker/text_box.h>
 
@@ -200,39 +201,26 @@ bool TextBox::PasteObject(InlineObject object)
 
 void TextBox::Span(std::u16string_view characters, SpanDirection direction, CharacterSet set)
 {
-    const auto isIn = [&](char16_t unit) {
-        return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed);
-    };
-    const std::u16string text = Text();
-    std::int32_t begin = m_state->selection.start;
-    std::int32_t end = begin + m_state->selection.length;
+    // Over what is in the set means up to what is not.
+    const UnitSet others(characters, set == CharacterSet::Listed ? UnitSet::Holds::Others : UnitSet::Holds::Listed);
+    const Document& document = m_state->document;
+    TextRange range = m_state->Range();
     if (direction == SpanDirection::Forward)
-        for (; end < TextLength() && isIn(text[static_cast<std::size_t>(end)]); ++end)
-        {
-        }
+        range.end = FirstOf(others, document, range.end).value_or(Position{TextLength()});
     else
-        for (; begin > 0 && isIn(text[static_cast<std::size_t>(begin) - 1]); --begin)
-        {
-        }
-    const TextRange range = Snapped(m_state->document, {{begin}, {end}});
+        range.begin = BehindLastOf(others, document, range.begin).value_or(Position{0});
+    range = Snapped(document, range);
     m_state->Select({range.begin.value, range.Length()});
 }
 
 void TextBox::UpTo(std::u16string_view characters, SpanDirection direction, CharacterSet set)
 {
-    const auto isIn = [&](char16_t unit) {
-        return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed);
-    };
-    const std::u16string text = Text();
-    const bool forward = direction == SpanDirection::Forward;
-    std::int32_t at = forward ? m_state->selection.start + m_state->selection.length : m_state->selection.start;
-    const auto unitAt = [&] { return text[static_cast<std::size_t>(forward ? at : at - 1)]; };
-    while (forward ? at < TextLength() : at > 0)
-    {
-        if (isIn(unitAt()))
-            return SetSelStart(at);
-        at += forward ? 1 : -1;
-    }
+    const UnitSet wanted(characters, set == CharacterSet::Listed ? UnitSet::Holds::Listed : UnitSet::Holds::Others);
+    const TextRange range = m_state->Range();
+    const auto found = direction == SpanDirection::Forward ? FirstOf(wanted, m_state->document, range.end)
+                                                           : BehindLastOf(wanted, m_state->document, range.begin);
+    if (found)
+        SetSelStart(found->value);
 }
 
 }  // namespace quillmarker
