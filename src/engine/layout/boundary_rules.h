@@ -32,7 +32,7 @@ public:
 private:
     UBreakIteratorType m_kind;
     const char* m_locale;
-    std::size_t m_size;
+    std::u16string_view m_text;
     std::unique_ptr<UBreakIterator, CloseRules> m_rules;  // null when ICU has no data: then every place is a boundary
 };
 

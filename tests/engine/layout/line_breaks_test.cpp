@@ -52,14 +52,13 @@ TEST(LineBreaks, ComeBehindHyphensSoftOnesToo)
     EXPECT_EQ(Marked(u"well-known co\u00ADop"), u"well-|known |co\u00AD|op");
 }
 
-TEST(LineBreaks, ComeBehindEveryTab)
-{
-    EXPECT_EQ(Marked(u"a\tb\t\tc \td"), u"a\t|b\t|\t|c |\t|d");
-}
+TEST(LineBreaks, ComeBehindEveryTab) { EXPECT_EQ(Marked(u"a\tb\t\tc \td"), u"a\t|b\t|\t|c |\t|d"); }
 
 TEST(LineBreaks, ComeBehindBreakCharactersAndAroundObjects)
 {
-    EXPECT_EQ(Marked(u"a\vb\fc\x000E" u"d"), u"a\v|b\f|c\x000E|d");
+    EXPECT_EQ(Marked(u"a\vb\fc\x000E"
+                     u"d"),
+              u"a\v|b\f|c\x000E|d");
     EXPECT_EQ(Marked(u"ab\uFFFCcd"), u"ab|\uFFFC|cd");
 }
 
@@ -74,10 +73,10 @@ TEST(LineBreaks, LastUpToLooksBackFromAPlace)
 {
     const std::u16string text = u"pay the total";
     LineBreaks breaks(text, kEnglish);
-    EXPECT_EQ(breaks.LastUpTo(3, 0), 0U);   // before the blank, which stays on the line
+    EXPECT_EQ(breaks.LastUpTo(3, 0), 0U);  // before the blank, which stays on the line
     EXPECT_EQ(breaks.LastUpTo(4, 0), 4U);
     EXPECT_EQ(breaks.LastUpTo(7, 0), 4U);
-    EXPECT_EQ(breaks.LastUpTo(7, 4), 4U);   // none behind `after`
+    EXPECT_EQ(breaks.LastUpTo(7, 4), 4U);  // none behind `after`
     EXPECT_EQ(breaks.LastUpTo(12, 0), 8U);
     EXPECT_EQ(breaks.LastUpTo(13, 0), 13U);  // the end
     EXPECT_EQ(breaks.LastUpTo(99, 0), 13U);
@@ -98,9 +97,24 @@ TEST(LineBreaks, CharactersAreNeverCutInTwo)
     EXPECT_EQ(breaks.LastCharacterUpTo(2, 1), 3U);
 }
 
+/// Looking back from a place finds the last of what looking forward finds.
+void ExpectBothDirectionsAgree(const std::u16string& text, std::uint16_t language)
+{
+    LineBreaks breaks(text, language);
+    std::set<std::uint32_t> places;
+    for (std::uint32_t at = 0; at < text.size(); at = breaks.NextBehind(at))
+        places.insert(at);
+    for (std::uint32_t at = 0; at < text.size(); ++at)
+    {
+        ASSERT_EQ(breaks.LastUpTo(at, 0), *std::prev(places.upper_bound(at)))
+            << ::testing::PrintToString(text) << " at " << at;
+    }
+}
+
 /// What takes the fast way gets what the rules say, at every place.
 void ExpectLaw(const std::u16string& text, std::uint16_t language)
 {
+    ExpectBothDirectionsAgree(text, language);
     LineBreaks fast(text, language);
     LineBreaks rules(text, language, LineBreaks::Means::RulesOnly);
     for (std::uint32_t at = 0; at <= text.size(); ++at)
@@ -128,7 +142,8 @@ TEST(LineBreaksLaw, TheFastWayAgreesWithTheRulesInAscii)
 TEST(LineBreaksLaw, TheFastWayAgreesWithTheRulesInAllOfUnicode)
 {
     std::mt19937 random(12);
-    const std::u16string common = u"  ab09,.()\u00A0\u00AD\u2019\u201C\u00AB\u05D0\u0E01\u6F22\u3002\uFFFC\u0301\u200D\u200B\uD83D\uDC68\u2028";
+    const std::u16string common =
+        u"  ab09,.()\u00A0\u00AD\u2019\u201C\u00AB\u05D0\u0E01\u6F22\u3002\uFFFC\u0301\u200D\u200B\U0001F468\u2028";
     for (const std::uint16_t language : {std::uint16_t{0}, kEnglish, kJapanese, std::uint16_t{0x0B}})
     {
         for (int round = 0; round < 2000; ++round)
@@ -144,7 +159,7 @@ TEST(LineBreaksLaw, TheFastWayAgreesWithTheRulesInAllOfUnicode)
 TEST(LineBreaksLaw, CharacterBoundariesAreThoseFoundOneByOne)
 {
     std::mt19937 random(13);
-    const std::u16string common = u"ab \u0301\u200D\uD83D\uDC68\uAC00\u11A8\u1100\r\n\u0E33\u0915\u094D";
+    const std::u16string common = u"ab \u0301\u200D\U0001F468\uAC00\u11A8\u1100\r\n\u0E33\u0915\u094D";
     for (int round = 0; round < 2000; ++round)
     {
         std::u16string text;
