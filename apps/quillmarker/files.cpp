@@ -6,12 +6,16 @@
 #include <quillmarker/rtf.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <new>
+#include <stdexcept>
+#include <utility>
 
 namespace quillmarker::tool
 {
@@ -43,6 +47,28 @@ std::string BytesOf(const Document& document, FileKind kind)
     return kind == FileKind::Rtf ? WriteRtf(document) : ToUtf8(document.Text());
 }
 
+/// What a file says of its size, which need not be true; 0 for what has none.
+std::size_t ExpectedSize(const std::string& name)
+{
+    std::error_code unsized;
+    const std::uintmax_t size = name == kStandardStream ? 0 : fs::file_size(name, unsized);
+    return unsized ? 0 : static_cast<std::size_t>(size);
+}
+
+std::string AllBytes(std::istream& input, std::size_t expected)
+{
+    constexpr std::size_t kPart = 0x10000;
+    std::string bytes(std::max(expected + 1, kPart), '\0');  // one more, so that the end is seen without growing
+    std::size_t size = 0;
+    while (input.read(bytes.data() + size, static_cast<std::streamsize>(bytes.size() - size)))
+    {
+        size = bytes.size();
+        bytes.resize(size + size / 2);
+    }
+    bytes.resize(size + static_cast<std::size_t>(input.gcount()));
+    return bytes;
+}
+
 }  // namespace
 
 Failure FailureOf(const std::string& name, FileError error, const char* stream)
@@ -72,13 +98,19 @@ Result<std::string> ReadInput(const std::string& name)
     if (!opened)
         return Failure{opened.Message()};
     std::istream& input = **opened;
-    std::string bytes;
-    std::array<char, 1 << 16> part;
-    while (input.read(part.data(), part.size()) || input.gcount() > 0)
-        bytes.append(part.data(), static_cast<std::size_t>(input.gcount()));
-    if (input.bad())
-        return FailureOf(name, FileError::DeviceError);
-    return bytes;
+    try
+    {
+        std::string bytes = AllBytes(input, ExpectedSize(name));
+        return input.bad() ? Result<std::string>(FailureOf(name, FileError::DeviceError)) : std::move(bytes);
+    }
+    catch (const std::bad_alloc&)
+    {
+        return FailureOf(name, FileError::OutOfMemory);
+    }
+    catch (const std::length_error&)
+    {
+        return FailureOf(name, FileError::OutOfMemory);
+    }
 }
 
 Result<Document> ReadDocument(const std::string& name)

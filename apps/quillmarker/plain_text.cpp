@@ -1,12 +1,16 @@
 #include "plain_text.h"
 
-#include "utf.h"
+#include "utf8_output.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace quillmarker::tool
 {
 namespace
 {
 
+/// What stands for a unit that is no printable ASCII.
 char16_t Printed(char16_t unit)
 {
     switch (unit)
@@ -21,61 +25,91 @@ char16_t Printed(char16_t unit)
     }
 }
 
-class TextMaker
-{
-public:
-    TextMaker(const Document& document, HiddenText hidden) : m_document(document), m_hidden(hidden) {}
-
-    std::u16string Make()
-    {
-        m_document.Visit(0, [this](const Paragraph& paragraph) {
-            Add(paragraph);
-            return true;
-        });
-        m_text.erase(m_text.size() - m_lastMark);  // the last mark takes no room in the text
-        return std::move(m_text);
-    }
-
-private:
-    bool IsShown(CharFormatId format) const
-    {
-        return m_hidden == HiddenText::Kept || !m_document.FormatOf(format).hidden;
-    }
-
-    void Add(const Paragraph& paragraph)
-    {
-        std::uint32_t begin = 0;
-        for (const Run& run : paragraph.Runs())
-        {
-            if (IsShown(run.format))
-                for (const char16_t unit : paragraph.Text().substr(begin, run.end - begin))
-                    m_text += Printed(unit);
-            begin = run.end;
-        }
-        AddMark(paragraph.Ending());
-    }
-
-    /// The mark of a hidden paragraph hides too; a table keeps its shape.
-    void AddMark(const ParagraphMark& mark)
-    {
-        m_lastMark = mark.kind != Mark::Break || IsShown(mark.charFormat) ? 1 : 0;
-        if (m_lastMark == 1)
-            m_text += mark.kind == Mark::Cell ? u'\t' : u'\n';
-    }
-
-    const Document& m_document;
-    HiddenText m_hidden;
-    std::u16string m_text;
-    std::size_t m_lastMark = 0;
-};
+bool IsHidden(CharFormatId format, const FormatTable& formats) { return formats[format].hidden; }
 
 }  // namespace
 
+TextMaker::TextMaker(HiddenText hidden, Sink sink)
+    : m_hidden(hidden), m_sink(std::move(sink)), m_part(std::make_unique_for_overwrite<char[]>(kPart))
+{
+}
+
+/// The mark of a hidden paragraph hides too; a table keeps its shape.
+void TextMaker::Add(const Paragraph& paragraph, const FormatTable& formats)
+{
+    PutMark();
+    const ParagraphMark& mark = paragraph.Ending();
+    m_mark = mark.kind == Mark::Cell ? '\t' : '\n';
+    if (m_hidden == HiddenText::Kept)
+        return Put(paragraph.Text());
+    if (mark.kind == Mark::Break && IsHidden(mark.charFormat, formats))
+        m_mark = 0;
+    AddVisible(paragraph, formats);
+}
+
+void TextMaker::AddVisible(const Paragraph& paragraph, const FormatTable& formats)
+{
+    std::uint32_t begin = 0;
+    for (const Run& run : paragraph.Runs())
+    {
+        if (!IsHidden(run.format, formats))
+            Put(paragraph.Text().substr(begin, run.end - begin));
+        begin = run.end;
+    }
+}
+
+void TextMaker::Finish()
+{
+    m_mark = 0;
+    if (m_last != '\n')
+        PutByte('\n');
+    HandOut();
+}
+
+void TextMaker::Put(std::u16string_view text)
+{
+    constexpr std::size_t kPiece = kPart / kMostUtf8Bytes;
+    while (!text.empty())
+    {
+        const std::u16string_view piece = TakePiece(text, kPiece);
+        if (kPart - m_size < piece.size() * kMostUtf8Bytes)
+            HandOut();
+        char* const begin = m_part.get() + m_size;
+        m_size += static_cast<std::size_t>(PutUtf8(piece, begin, Printed) - begin);
+        m_last = m_part[m_size - 1];
+    }
+}
+
+void TextMaker::PutMark()
+{
+    if (m_mark != 0)
+        PutByte(m_mark);
+}
+
+void TextMaker::PutByte(char byte)
+{
+    if (m_size == kPart)
+        HandOut();
+    m_part[m_size++] = byte;
+    m_last = byte;
+}
+
+void TextMaker::HandOut()
+{
+    if (m_size > 0)
+        m_sink({m_part.get(), m_size});
+    m_size = 0;
+}
+
 std::string PlainText(const Document& document, HiddenText hidden)
 {
-    std::string text = ToUtf8(TextMaker(document, hidden).Make());
-    if (!text.empty() && text.back() != '\n')
-        text += '\n';
+    std::string text;
+    TextMaker maker(hidden, [&text](std::string_view part) { text += part; });
+    document.Visit(0, [&](const Paragraph& paragraph) {
+        maker.Add(paragraph, document.Formats());
+        return true;
+    });
+    maker.Finish();
     return text;
 }
 

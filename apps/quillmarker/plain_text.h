@@ -2,15 +2,49 @@
 
 #include <quillmarker/document.h>
 
+#include <functional>
+#include <memory>
 #include <string>
+#include <string_view>
 
 namespace quillmarker::tool
 {
 
 enum class HiddenText : bool { Kept, LeftOut };
 
-/// The text for a terminal or a text tool, in UTF-8: LF ends lines and paragraphs, a cell ends with TAB, a page
-/// with FF. A text that is not empty ends with LF.
+/// Makes the text for a terminal or a text tool, in UTF-8, out of paragraphs that are given one by one: LF ends lines and
+/// paragraphs, a cell ends with TAB, a page with FF. A text that is not empty ends with LF, and the last mark takes no
+/// room. The text goes out in parts of moderate size, so that a long one is never in memory as a whole.
+class TextMaker
+{
+public:
+    using Sink = std::function<void(std::string_view)>;
+
+    TextMaker(HiddenText hidden, Sink sink);
+
+    void Add(const Paragraph& paragraph, const FormatTable& formats);
+
+    /// To be called behind the last paragraph.
+    void Finish();
+
+private:
+    static constexpr std::size_t kPart = 0x10000;
+
+    void AddVisible(const Paragraph& paragraph, const FormatTable& formats);
+    void Put(std::u16string_view text);
+    void PutMark();
+    void PutByte(char byte);
+    void HandOut();
+
+    HiddenText m_hidden;
+    Sink m_sink;
+    std::unique_ptr<char[]> m_part;
+    std::size_t m_size = 0;
+    char m_mark = 0;  // of the paragraph before; 0: it takes no room
+    char m_last = '\n';
+};
+
+/// The same for a whole document.
 std::string PlainText(const Document& document, HiddenText hidden);
 
 }  // namespace quillmarker::tool

@@ -54,6 +54,8 @@ void Print(std::string_view text)
         outputError = WriteAll(STDOUT_FILENO, text);
 }
 
+bool CanPrint() { return outputError == 0; }
+
 void Complain(std::string_view message)
 {
     // One write, so that lines of several processes do not mix.

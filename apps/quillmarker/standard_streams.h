@@ -13,6 +13,9 @@ void PrepareStandardStreams();
 /// Writes to standard output. Once that failed nothing more is written, and FinishOutput tells.
 void Print(std::string_view text);
 
+/// False once that failed: nobody reads what is printed.
+bool CanPrint();
+
 /// Writes one line, with the tool's name in front, to standard error.
 void Complain(std::string_view message);
 

@@ -3,6 +3,8 @@
 #include "plain_text.h"
 #include "standard_streams.h"
 
+#include <quillmarker/rtf.h>
+
 #include <CLI/CLI.hpp>
 
 #include <memory>
@@ -20,13 +22,18 @@ struct Options
 
 int PrintText(const Options& options)
 {
-    const auto document = ReadDocument(options.input);
-    if (!document)
+    const auto bytes = ReadInput(options.input);
+    if (!bytes)
     {
-        Complain(document.Message());
+        Complain(bytes.Message());
         return kFailed;
     }
-    Print(PlainText(*document, options.visible ? HiddenText::LeftOut : HiddenText::Kept));
+    TextMaker text(options.visible ? HiddenText::LeftOut : HiddenText::Kept, Print);
+    VisitRtf(*bytes, [&text](const Paragraph& paragraph, const FormatTable& formats) {
+        text.Add(paragraph, formats);
+        return CanPrint();
+    });
+    text.Finish();
     return kDone;
 }
 

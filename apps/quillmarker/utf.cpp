@@ -1,5 +1,8 @@
 #include "utf.h"
 
+#include "utf8_output.h"
+
+#include <array>
 #include <bit>
 #include <cstdint>
 
@@ -10,23 +13,7 @@ namespace
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-constexpr bool IsHigh(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-constexpr bool IsLow(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
 constexpr bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
-
-void AppendUtf8(std::string& text, char32_t c)
-{
-    if (c < 0x80)
-    {
-        text += static_cast<char>(c);
-        return;
-    }
-    const int following = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
-    text += static_cast<char>(kLead[following] | c >> (6 * following));
-    for (int i = following - 1; i >= 0; --i)
-        text += static_cast<char>(0x80 | (c >> (6 * i) & 0x3F));
-}
 
 void AppendUtf16(std::u16string& text, char32_t c)
 {
@@ -72,19 +59,14 @@ std::u16string ToUtf16(std::string_view text)
 
 std::string ToUtf8(std::u16string_view text)
 {
+    constexpr std::size_t kPiece = 4'096;
     std::string result;
     result.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i)
+    std::array<char, kPiece * kMostUtf8Bytes> bytes;
+    while (!text.empty())
     {
-        if (IsHigh(text[i]) && i + 1 < text.size() && IsLow(text[i + 1]))
-        {
-            AppendUtf8(result, 0x10000 + ((text[i] & 0x3FFU) << 10 | (text[i + 1] & 0x3FFU)));
-            ++i;
-        }
-        else
-        {
-            AppendUtf8(result, IsHigh(text[i]) || IsLow(text[i]) ? kReplacement : text[i]);
-        }
+        char* const end = PutUtf8(TakePiece(text, kPiece), bytes.data(), [](char16_t unit) { return unit; });
+        result.append(bytes.data(), end);
     }
     return result;
 }

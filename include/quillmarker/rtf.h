@@ -4,6 +4,7 @@
 #include <quillmarker/export.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -35,6 +36,13 @@ QUILLMARKER_CORE_EXPORT Document ReadRtf(std::string_view bytes, const RtfReadin
 
 /// The same from a string, whose characters outside of control words are themselves and need no code page.
 QUILLMARKER_CORE_EXPORT Document ReadRtf(std::u16string_view text, const RtfReading& = {});
+
+/// Takes the next paragraph of a text and the formats that it refers to; false to see no more.
+using ParagraphVisitor = std::function<bool(const Paragraph&, const FormatTable&)>;
+
+/// Reads like ReadRtf, but hands the paragraphs of the main text out one by one, in order, and keeps none: for a single
+/// pass over a source, in memory that does not grow with its text. A paragraph is the visitor's only during the call.
+QUILLMARKER_CORE_EXPORT void VisitRtf(std::string_view bytes, const ParagraphVisitor& visit, const RtfReading& = {});
 
 /// True when the text begins as RTF does.
 QUILLMARKER_CORE_EXPORT bool IsRtf(std::string_view bytes);

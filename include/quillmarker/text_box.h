@@ -4,6 +4,7 @@
 #include <quillmarker/export.h>
 #include <quillmarker/file_error.h>
 #include <quillmarker/position.h>
+#include <quillmarker/rtf.h>
 
 #include <cstdint>
 #include <filesystem>
@@ -84,6 +85,8 @@ public:
     void SetSelStart(std::int32_t start);
     std::int32_t SelLength() const;
     void SetSelLength(std::int32_t length);
+    /// Both at once, as one change.
+    void Select(Selection selection);
     std::u16string SelText() const;
     void SetSelText(std::u16string_view text);
     std::u16string SelRTF() const;
@@ -148,6 +151,8 @@ public:
     PartialParagraphFormat SelParagraphFormat() const;
     void SetSelParagraphFormat(const PartialParagraphFormat& format);
     void InsertObject(InlineObject object);
+    /// How to read a fragment for the selection: what it does not state is as the place has it.
+    RtfReading ReadingHere() const;
 
     // The box itself.
     std::int32_t RightMargin() const;
@@ -167,8 +172,14 @@ public:
     bool Type(std::u16string_view text);
     bool TypeBackspace();
     bool TypeDelete();
+    /// Types `text` (which may be empty) in place of a range beside the caret, in the same step as other typing; the
+    /// caret stands behind it.
+    bool TypeOver(TextRange range, std::u16string_view text);
     bool PasteText(std::u16string_view text);
     bool PasteRTF(std::u16string_view rtf);
+    bool PasteRTFBytes(std::string_view rtf);
+    bool PasteFragment(const Document& fragment);
+    bool PasteObject(InlineObject object);
 
     // History.
     bool CanUndo() const;

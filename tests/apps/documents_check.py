@@ -23,6 +23,13 @@ class Documents(ToolTest):
         self.expect(0, "text", "-", stdin=b"", stdout="", stderr="")
         self.expect(0, "text", "-", stdin=b"{\\rtf1}", stdout="", stderr="")
 
+    def test_text_of_a_long_file_or_pipe_is_whole(self):
+        source = b"{\\rtf1 " + b"a long line of text \\par " * 20000 + b"}"
+        self.write("long.rtf", source)
+        text = "a long line of text \n" * 20000
+        self.expect(0, "text", "long.rtf", stdout=text, stderr="")
+        self.expect(0, "text", "-", stdin=source, stdout=text, stderr="")
+
     def test_text_of_plain_text_is_that_text(self):
         self.expect(0, "text", "-", stdin="plain \u00e4\r\ntext".encode(), stdout="plain \u00e4\ntext\n")
 

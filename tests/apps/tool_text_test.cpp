@@ -7,6 +7,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 namespace quillmarker::tool
 {
 namespace
@@ -49,6 +53,60 @@ TEST(PlainTexts, KeepATablesShapeWhereItsCellsAreHidden)
 {
     const char* rtf = R"({\rtf1\trowd\cellx1000\cellx2000\intbl {\v a\cell} b\cell\row\pard c\par})";
     EXPECT_EQ(TextOf(rtf, HiddenText::LeftOut), "\t b\t\nc\n");
+}
+
+TEST(PlainTexts, OfManyPartsAreWhole)
+{
+    std::string rtf = "{\\rtf1\\uc0 ";
+    std::string expected;
+    for (int i = 0; i < 5'000; ++i)
+    {
+        // Long and short paragraphs, with characters of one to four bytes at ever other places.
+        rtf += std::string(static_cast<std::size_t>(i % 97), 'x') +
+               "\\u-10179\\u-8704 y\\u228 {\\v \\u8364 z}\\line\\par ";
+        expected += std::string(static_cast<std::size_t>(i % 97), 'x') + "😀yä€z\n\n";
+    }
+    expected.pop_back();  // the last mark
+    EXPECT_EQ(TextOf((rtf + "}").c_str()), expected);
+
+    const std::string longLine(300'000, 'a');
+    EXPECT_EQ(TextOf(("{\\rtf1 " + longLine + "\\par b}").c_str()), longLine + "\nb\n");
+}
+
+TEST(PlainTexts, GoOutInPartsThatHoldWholeCharacters)
+{
+    std::vector<std::string> parts;
+    TextMaker maker(HiddenText::Kept, [&parts](std::string_view part) { parts.emplace_back(part); });
+    std::string rtf = "{\\rtf1\\uc0 x";
+    for (int i = 0; i < 100'000; ++i)
+        rtf += "\\u-10179\\u-8704 ";
+    VisitRtf(rtf + "}", [&maker](const Paragraph& paragraph, const FormatTable& formats) {
+        maker.Add(paragraph, formats);
+        return true;
+    });
+    maker.Finish();
+    EXPECT_GT(parts.size(), 4U);
+    for (const std::string& part : parts)
+    {
+        EXPECT_LE(part.size(), 0x10000U);
+        EXPECT_THAT(ToUtf16(part), testing::Not(testing::Contains(u'\uFFFD')));
+    }
+}
+
+TEST(Utf, BlocksOfAnyLengthAreConvertedWhole)
+{
+    for (std::size_t before = 0; before < 40; ++before)
+    {
+        for (std::size_t behind = 0; behind < 40; ++behind)
+        {
+            const std::string text = std::string(before, '~') + "\t\x7F ä€😀" + std::string(behind, ' ');
+            ASSERT_EQ(ToUtf8(ToUtf16(text)), text) << before << ' ' << behind;
+        }
+    }
+    std::u16string pairs = u"x";
+    for (int i = 0; i < 5'000; ++i)
+        pairs += u"😀";
+    EXPECT_EQ(ToUtf16(ToUtf8(pairs)), pairs);  // a pair stands on every cut between parts
 }
 
 TEST(Utf, EveryCharacterSurvivesBothWays)

@@ -87,8 +87,8 @@ class Usage(ToolTest):
             with self.subTest(command):
                 page = subprocess.run(
                     [os.environ["QUILLMARKER_HELP2MAN"], "--no-info", "--name=x", "--version-string=1",
-                     f"{TOOL} {command}".strip()],
-                    capture_output=True, text=True)
+                     f"./{os.path.basename(TOOL)} {command}".strip()],
+                    capture_output=True, text=True, cwd=os.path.dirname(TOOL))
                 self.assertEqual((page.returncode, page.stderr), (0, ""))
                 self.assertIn(".SH SYNOPSIS", page.stdout)
                 self.assertIn(".SH OPTIONS", page.stdout)

@@ -25,7 +25,7 @@ ALLOWED = {
     "src/engine/rtf": ENGINE[:1],
     "src/engine/box": ENGINE[:2],
     "src/engine/layout": ENGINE + [PAGES],
-    "src/engine/view": ENGINE + ["src/engine/layout", PAGES, WIDGETS],
+    "src/engine/view": ENGINE + ["src/engine/layout", "src/engine/platform", PAGES, WIDGETS],
     "src/engine/platform": ENGINE + [PAGES, WIDGETS],
     "src/content": SCREEN,
     "src/format": SCREEN,

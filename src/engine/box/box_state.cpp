@@ -7,7 +7,8 @@ namespace quillmarker
 namespace
 {
 
-/// Runs a handler that may be replaced, or may destroy what it belongs to, while it runs.
+/// Runs a handler that may be replaced, or may destroy the box, while it runs: whoever goes on behind it asks first
+/// whether the box is still there.
 void Raise(const std::function<void()>& handler)
 {
     if (const std::function<void()> current = handler)
@@ -66,8 +67,9 @@ void TextBox::State::Show(Document next, Selection after, std::optional<CharForm
     document = std::move(next);
     selection = after;
     insertion = std::move(leaves);
+    const Life boxLife = life;
     RaiseChange();
-    if (moved)
+    if (moved && !boxLife.expired())
         RaiseSelChange();
 }
 

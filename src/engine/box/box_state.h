@@ -8,6 +8,7 @@
 #include <quillmarker/rtf.h>
 #include <quillmarker/text_box.h>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -44,7 +45,11 @@ struct TextBox::State
 {
     explicit State(TextBox& owner) : box(owner), document(FormatOf(font)) {}
 
+    /// Expires with the box.
+    using Life = std::weak_ptr<const bool>;
+
     TextBox& box;
+    std::shared_ptr<const bool> life = std::make_shared<const bool>(true);
     BoxFont font;
     Document document;
     Selection selection;
@@ -91,7 +96,10 @@ struct TextBox::State
     bool MayEdit(TextRange range) const;
     /// What the user writes beside protected text is not protected.
     void WriteUnprotected();
-    std::u16string_view WithinMaxLength(std::u16string_view text) const;
+    /// The units that MaxLength leaves for what replaces the selection; `wanted` when there is no such limit.
+    std::int32_t UserRoom(std::int32_t wanted) const;
+    /// As much of a text, put over as many units, as MaxLength leaves room for.
+    std::u16string_view WithinMaxLength(std::u16string_view text, std::int32_t over) const;
     bool DeleteAsUser(TextRange range);
 
     void RaiseChange() const;

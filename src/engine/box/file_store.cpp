@@ -139,6 +139,42 @@ FileError Load(const fs::path& path, std::string& bytes)
     return ErrorOf(file.ReadAll(sized ? static_cast<std::size_t>(status.st_size) : 0, bytes), path);
 }
 
+// Neither waits for a pipe's other end nor follows a link.
+int OpenPrivate(const fs::path& path, int flags, Descriptor& file)
+{
+    file = Descriptor::Open(path, flags | O_NOFOLLOW | O_NONBLOCK, kPrivateFile);
+    struct stat status = {};
+    if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0)
+        return errno;
+    if (!S_ISREG(status.st_mode))
+        return EINVAL;
+    return status.st_uid == ::geteuid() ? 0 : EACCES;
+}
+
+FileError SavePrivate(const fs::path& path, std::string_view bytes)
+{
+    if (!IsName(path))
+        return FileError::BadFileName;
+    Descriptor file;
+    int error = OpenPrivate(path, O_WRONLY | O_CREAT, file);
+    // What was there is cut only now that it is known to be ours.
+    if (error == 0 && (::fchmod(file.Number(), kPrivateFile) != 0 || ::ftruncate(file.Number(), 0) != 0))
+        error = errno;
+    if (error == 0)
+        error = file.WriteAll(bytes);
+    const int closing = file.Close();
+    return ErrorOf(error != 0 ? error : closing, path);
+}
+
+FileError LoadPrivate(const fs::path& path, std::string& bytes)
+{
+    if (!IsName(path))
+        return FileError::BadFileName;
+    Descriptor file;
+    const int error = OpenPrivate(path, O_RDONLY, file);
+    return ErrorOf(error != 0 ? error : file.ReadAll(0, bytes), path);
+}
+
 // Every file that is larger than memory ends here, whichever step finds it out.
 template <typename Action>
 FileError WithinMemory(Action action)
@@ -157,20 +193,29 @@ FileError WithinMemory(Action action)
     }
 }
 
-}  // namespace
-
-FileContents ReadFile(const fs::path& path)
+FileContents ContentsBy(FileError (*load)(const fs::path&, std::string&), const fs::path& path)
 {
     FileContents contents;
-    contents.error = WithinMemory([&] { return Load(path, contents.bytes); });
+    contents.error = WithinMemory([&] { return load(path, contents.bytes); });
     if (contents.error != FileError::None)
         contents.bytes = {};
     return contents;
 }
 
+}  // namespace
+
+FileContents ReadFile(const fs::path& path) { return ContentsBy(Load, path); }
+
 FileError WriteFile(const fs::path& path, std::string_view bytes)
 {
     return WithinMemory([&] { return Save(path, bytes); });
+}
+
+FileContents ReadPrivateFile(const fs::path& path) { return ContentsBy(LoadPrivate, path); }
+
+FileError WritePrivateFile(const fs::path& path, std::string_view bytes)
+{
+    return WithinMemory([&] { return SavePrivate(path, bytes); });
 }
 
 }  // namespace quillmarker

@@ -25,4 +25,10 @@ QUILLMARKER_CORE_EXPORT FileContents ReadFile(const std::filesystem::path& path)
 /// pipe or a device is written in place.
 QUILLMARKER_CORE_EXPORT FileError WriteFile(const std::filesystem::path& path, std::string_view bytes);
 
+// A private file holds what a process keeps for itself. It is made for its user alone and written in place. A symbolic
+// link at the end of the path is refused, and so is what is no regular file or belongs to somebody else.
+
+QUILLMARKER_CORE_EXPORT FileContents ReadPrivateFile(const std::filesystem::path& path);
+QUILLMARKER_CORE_EXPORT FileError WritePrivateFile(const std::filesystem::path& path, std::string_view bytes);
+
 }  // namespace quillmarker

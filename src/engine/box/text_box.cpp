@@ -78,6 +78,16 @@ void TextBox::SetSelLength(std::int32_t length)
     m_state->Select({begin.value, Snapped(m_state->document, {begin, end}).Length()});
 }
 
+void TextBox::Select(Selection selection)
+{
+    if (selection.start < 0 || selection.length < 0)
+        return;
+    const Position end{TextLength()};
+    const Position begin = std::min(Position{selection.start}, end);
+    const TextRange range = Snapped(m_state->document, {begin, begin + std::min(selection.length, end - begin)});
+    m_state->Select({range.begin.value, range.Length()});
+}
+
 std::u16string TextBox::SelText() const { return m_state->document.Text(m_state->Range()); }
 
 void TextBox::SetSelText(std::u16string_view text) { m_state->PutText(text, StepKind::Separate); }
@@ -130,6 +140,8 @@ void TextBox::InsertObject(InlineObject object)
     m_state->Edit(WithObject(m_state->document, m_state->Range(), Shared(std::move(object)), format),
                   {m_state->selection.start + 1, 0});
 }
+
+RtfReading TextBox::ReadingHere() const { return m_state->ReadingHere(); }
 
 const Document& TextBox::Value() const { return m_state->document; }
 

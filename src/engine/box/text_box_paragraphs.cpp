@@ -163,11 +163,13 @@ void TextBox::State::DraftTabs(std::vector<TabStop> tabs)
 {
     const std::vector<TabStop> sorted = Sorted(tabs);
     const auto value = sorted.empty() ? Shared<std::vector<TabStop>>() : Shared(sorted);
+    const Life boxLife = life;
     ChangeParagraphs([&](ParagraphFormat format) {
         format.tabs = value;
         return format;
     });
-    tabDraft = TabDraft{document, selection, std::move(tabs)};
+    if (!boxLife.expired())
+        tabDraft = TabDraft{document, selection, std::move(tabs)};
 }
 
 void TextBox::SetSelTabCount(int count)

@@ -1,5 +1,6 @@
 #include "engine/box/box_state.h"
 #include "engine/document/tree.h"
+#include "engine/document/unit_search.h"
 
 #include <quillmarker/text_box.h>
 
@@ -68,12 +69,12 @@ void TextBox::State::WriteUnprotected()
     insertion = format;
 }
 
-/// As much of a text as MaxLength leaves room for; a line end and a pair of surrogates are not cut.
-std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text) const
+/// A line end and a pair of surrogates are not cut.
+std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text, std::int32_t over) const
 {
     if (maxLength <= 0)
         return text;
-    const std::int32_t room = std::max(maxLength - (document.Size() - selection.length), 0);
+    const std::int32_t room = std::max(maxLength - (document.Size() - over), 0);
     std::size_t fits = text.size();
     while (fits > 0 && LengthInDocument(text.substr(0, fits)) > room)
         fits = std::min(fits - 1, static_cast<std::size_t>(room));
@@ -81,6 +82,11 @@ std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text) co
     const bool cutsPair =
         fits > 0 && fits < text.size() && IsHighSurrogate(text[fits - 1]) && IsLowSurrogate(text[fits]);
     return text.substr(0, cutsLineEnd || cutsPair ? fits - 1 : fits);
+}
+
+std::int32_t TextBox::State::UserRoom(std::int32_t wanted) const
+{
+    return maxLength <= 0 ? wanted : maxLength - (document.Size() - selection.length);
 }
 
 bool TextBox::State::DeleteAsUser(TextRange range)
@@ -98,7 +104,7 @@ bool TextBox::Type(std::u16string_view text)
 {
     if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const std::u16string_view fitting = m_state->WithinMaxLength(text);
+    const std::u16string_view fitting = m_state->WithinMaxLength(text, m_state->selection.length);
     if (fitting.empty() && m_state->selection.length == 0)
         return text.empty();
     m_state->WriteUnprotected();
@@ -122,11 +128,35 @@ bool TextBox::TypeDelete()
     return !IsTableMark(m_state->document, behind) && m_state->DeleteAsUser(behind);
 }
 
+bool TextBox::TypeOver(TextRange given, std::u16string_view text)
+{
+    const TextRange range = Snapped(m_state->document, given);
+    if (text.empty())
+        return m_state->DeleteAsUser(range);
+    if (!m_state->MayEdit(range))
+        return false;
+    const std::u16string_view fitting = m_state->WithinMaxLength(text, range.Length());
+    const std::int32_t length = LengthInDocument(fitting);
+    if (length == 0 || m_state->document.Size() - range.Length() > kMaxTextUnits - length)
+        return false;
+    const Location at = m_state->document.Locate(range.begin);
+    const Paragraph& paragraph = m_state->document.ParagraphAt(at.paragraph);
+    // At the caret it is typing like any other; elsewhere the text takes the format of what it replaces.
+    const bool isAtCaret = m_state->Range() == TextRange{range.begin, range.begin};
+    CharFormat format = isAtCaret
+                            ? m_state->FormatToInsert()
+                            : m_state->document.FormatOf(paragraph.FormatAt(static_cast<std::uint32_t>(at.offset)));
+    format.protectedText = false;
+    Document next = WithText(m_state->document, range, fitting, m_state->document.SharedFormats().Intern(format));
+    m_state->Edit(std::move(next), {range.begin.value + length, 0}, StepKind::Typing);
+    return fitting.size() == text.size();
+}
+
 bool TextBox::PasteText(std::u16string_view text)
 {
     if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const std::u16string_view fitting = m_state->WithinMaxLength(text);
+    const std::u16string_view fitting = m_state->WithinMaxLength(text, m_state->selection.length);
     if (!fitting.empty() || m_state->selection.length > 0)
     {
         m_state->WriteUnprotected();
@@ -137,11 +167,20 @@ bool TextBox::PasteText(std::u16string_view text)
 
 bool TextBox::PasteRTF(std::u16string_view rtf)
 {
+    // What may not be put in is not read either.
+    return m_state->MayEdit(m_state->Range()) && PasteFragment(ReadRtf(rtf, m_state->ReadingHere()));
+}
+
+bool TextBox::PasteRTFBytes(std::string_view rtf)
+{
+    return m_state->MayEdit(m_state->Range()) && PasteFragment(ReadRtf(rtf, m_state->ReadingHere()));
+}
+
+bool TextBox::PasteFragment(const Document& fragment)
+{
     if (!m_state->MayEdit(m_state->Range()))
         return false;
-    const Document fragment = ReadRtf(rtf, m_state->ReadingHere());
-    const std::int32_t room =
-        m_state->maxLength <= 0 ? fragment.Size() : m_state->maxLength - (TextLength() - m_state->selection.length);
+    const std::int32_t room = m_state->UserRoom(fragment.Size());
     if (fragment.Size() <= room)
     {
         m_state->PutFragment(fragment, StepKind::Separate);
@@ -151,41 +190,37 @@ bool TextBox::PasteRTF(std::u16string_view rtf)
     return false;
 }
 
+bool TextBox::PasteObject(InlineObject object)
+{
+    if (!m_state->MayEdit(m_state->Range()) || !m_state->HasRoomFor(1) || m_state->UserRoom(1) < 1)
+        return false;
+    m_state->WriteUnprotected();
+    InsertObject(std::move(object));
+    return true;
+}
+
 void TextBox::Span(std::u16string_view characters, SpanDirection direction, CharacterSet set)
 {
-    const auto isIn = [&](char16_t unit) {
-        return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed);
-    };
-    const std::u16string text = Text();
-    std::int32_t begin = m_state->selection.start;
-    std::int32_t end = begin + m_state->selection.length;
+    // Over what is in the set means up to what is not.
+    const UnitSet others(characters, set == CharacterSet::Listed ? UnitSet::Holds::Others : UnitSet::Holds::Listed);
+    const Document& document = m_state->document;
+    TextRange range = m_state->Range();
     if (direction == SpanDirection::Forward)
-        for (; end < TextLength() && isIn(text[static_cast<std::size_t>(end)]); ++end)
-        {
-        }
+        range.end = FirstOf(others, document, range.end).value_or(Position{TextLength()});
     else
-        for (; begin > 0 && isIn(text[static_cast<std::size_t>(begin) - 1]); --begin)
-        {
-        }
-    const TextRange range = Snapped(m_state->document, {{begin}, {end}});
+        range.begin = BehindLastOf(others, document, range.begin).value_or(Position{0});
+    range = Snapped(document, range);
     m_state->Select({range.begin.value, range.Length()});
 }
 
 void TextBox::UpTo(std::u16string_view characters, SpanDirection direction, CharacterSet set)
 {
-    const auto isIn = [&](char16_t unit) {
-        return (characters.find(unit) != characters.npos) == (set == CharacterSet::Listed);
-    };
-    const std::u16string text = Text();
-    const bool forward = direction == SpanDirection::Forward;
-    std::int32_t at = forward ? m_state->selection.start + m_state->selection.length : m_state->selection.start;
-    const auto unitAt = [&] { return text[static_cast<std::size_t>(forward ? at : at - 1)]; };
-    while (forward ? at < TextLength() : at > 0)
-    {
-        if (isIn(unitAt()))
-            return SetSelStart(at);
-        at += forward ? 1 : -1;
-    }
+    const UnitSet wanted(characters, set == CharacterSet::Listed ? UnitSet::Holds::Listed : UnitSet::Holds::Others);
+    const TextRange range = m_state->Range();
+    const auto found = direction == SpanDirection::Forward ? FirstOf(wanted, m_state->document, range.end)
+                                                           : BehindLastOf(wanted, m_state->document, range.begin);
+    if (found)
+        SetSelStart(found->value);
 }
 
 }  // namespace quillmarker

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillmarker/document.h>
+#include <quillmarker/export.h>
 
 #include <string_view>
 
@@ -11,10 +12,10 @@ namespace quillmarker
 // it, one that ends inside a CR LF ends behind it. Deleting across a mark leaves the later mark and what it carries.
 
 /// `range` with both ends outside of marks and inside the document.
-TextRange Snapped(const Document&, TextRange range);
+QUILLMARKER_CORE_EXPORT TextRange Snapped(const Document&, TextRange range);
 
 /// `text` in place of `range`. CR, LF and CR LF begin a new paragraph like the one they are put in; NULs are left out.
-Document WithText(const Document&, TextRange range, std::u16string_view text, CharFormatId format);
+QUILLMARKER_CORE_EXPORT Document WithText(const Document&, TextRange range, std::u16string_view text, CharFormatId format);
 
 /// A given fragment in place of `range`. What stands before its first mark joins the paragraph the range begins in, what
 /// stands behind its last mark joins the one it ends in; each mark between brings its own paragraph format.
@@ -24,7 +25,7 @@ Document WithFragment(const Document&, TextRange range, const Document& given);
 Document WithObject(const Document&, TextRange range, Shared<InlineObject> object, CharFormatId format);
 
 /// A part of the document as a fragment.
-Document Slice(const Document&, TextRange range);
+QUILLMARKER_CORE_EXPORT Document Slice(const Document&, TextRange range);
 
 /// The length that `text` has once it is in a document.
 std::int32_t LengthInDocument(std::u16string_view text);

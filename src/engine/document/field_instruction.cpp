@@ -84,19 +84,20 @@ std::u16string LinkTarget(const Field& field)
     if (Upper(TakeWord(rest)) != u"HYPERLINK")
         return {};
     std::u16string target;
+    std::u16string bookmark;
     while (!rest.empty())
     {
         rest.remove_prefix(std::min(rest.find_first_not_of(u' '), rest.size()));
         const bool isSwitch = rest.starts_with(u'\\');  // a quoted word that begins so is a path
         const std::u16string word = TakeWord(rest);
         if (isSwitch && word == u"\\l")
-            target += u"#" + TakeWord(rest);
+            bookmark = u"#" + TakeWord(rest);
         else if (isSwitch && (word == u"\\o" || word == u"\\t"))
             TakeWord(rest);
         else if (!isSwitch && target.empty())
             target = word;
     }
-    return target;
+    return target + bookmark;
 }
 
 }  // namespace quillmarker

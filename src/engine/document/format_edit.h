@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillmarker/document.h>
+#include <quillmarker/export.h>
 
 #include <functional>
 
@@ -22,7 +23,7 @@ PartialCharFormat CharFormatOver(const Document&, TextRange range);
 PartialParagraphFormat ParagraphFormatOver(const Document&, TextRange range);
 
 /// The same document, and the very same value, when nothing changes.
-Document WithCharFormat(const Document&, TextRange range, const PartialCharFormat& patch);
+QUILLMARKER_CORE_EXPORT Document WithCharFormat(const Document&, TextRange range, const PartialCharFormat& patch);
 Document WithParagraphFormat(const Document&, TextRange range, const PartialParagraphFormat& patch);
 
 using CharFormatChange = std::function<CharFormat(CharFormat)>;
@@ -32,7 +33,7 @@ using ParagraphFormatChange = std::function<ParagraphFormat(ParagraphFormat)>;
 Document WithCharFormats(const Document&, TextRange range, const CharFormatChange& change);
 Document WithParagraphFormats(const Document&, TextRange range, const ParagraphFormatChange& change);
 
-CharFormat Patched(CharFormat, const PartialCharFormat& patch);
+QUILLMARKER_CORE_EXPORT CharFormat Patched(CharFormat, const PartialCharFormat& patch);
 ParagraphFormat Patched(ParagraphFormat, const PartialParagraphFormat& patch);
 
 /// Every field stated.

@@ -21,6 +21,9 @@ public:
     /// What stands before the next paragraph; empty when it is not numbered.
     std::u16string Next(const Numbering* numbering);
 
+    /// Counters that are equal say the same of all that follows.
+    bool operator==(const NumberCounter&) const = default;
+
 private:
     static constexpr std::size_t kLevels = 9;
     struct Level
@@ -28,6 +31,8 @@ private:
         bool isRunning = false;
         std::int32_t number = 0;
         NumberKind kind = NumberKind::Decimal;
+
+        bool operator==(const Level&) const = default;
     };
     using Levels = std::array<Level, kLevels>;
 

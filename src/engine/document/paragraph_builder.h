@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillmarker/export.h>
 #include <quillmarker/paragraph.h>
 
 #include <string>
@@ -10,7 +11,7 @@ namespace quillmarker
 
 /// Gathers a paragraph piece by piece. Neighbouring pieces of one format become one run. After Finish it is empty
 /// again and may be used for the next paragraph; its memory is kept.
-class ParagraphBuilder
+class QUILLMARKER_CORE_EXPORT ParagraphBuilder
 {
 public:
     void Append(std::u16string_view text, CharFormatId format);

@@ -4,6 +4,7 @@
 
 #include <quillmarker/char_format.h>
 #include <quillmarker/inline_object.h>
+#include <quillmarker/pages/export.h>
 #include <quillmarker/paragraph_format.h>
 
 #include <QRectF>
@@ -118,7 +119,7 @@ struct DisplayList
     std::vector<DisplayItem> items;
 
     /// The index of a face, entered if it is not there yet.
-    std::uint32_t FaceIndex(const FontFace& face);
+    QUILLMARKER_PAGES_EXPORT std::uint32_t FaceIndex(const FontFace& face);
 
     void Add(DisplayItem item) { items.push_back(std::move(item)); }
 };

@@ -38,7 +38,7 @@ struct FlowLine
     auto operator<=>(const FlowLine&) const = default;
 };
 
-/// A place under the mouse.
+/// A place under the mouse; the nearest one for a point beside, above or below all text.
 struct FlowHit
 {
     CaretPosition caret;
@@ -58,6 +58,7 @@ public:
     DocumentFlow& operator=(const DocumentFlow&) = delete;
 
     const Document& Value() const;
+    /// Lays out nothing. A paragraph that is replaced by one keeps its height until it is laid out again.
     void SetDocument(const Document& document);
 
     /// Of the lines: see ParagraphContext.
@@ -69,14 +70,15 @@ public:
     /// The right end of the widest line that was laid out since the width was last set.
     Fine Extent() const;
 
-    /// The layout of a paragraph; valid until the next change. Asking makes its height exact.
+    /// The layout of a paragraph; valid until SetDocument, SetWidth or Settle is called. Asking makes its height exact.
     const ParagraphLayout& LayoutOf(std::int32_t paragraph);
     Fine TopOf(std::int32_t paragraph) const;
-    /// The paragraph at a height; the first above and the last below the column.
+    /// The paragraph at a height, never one that takes no room unless all do; the first above and the last below the column.
     std::int32_t ParagraphAt(Fine y) const;
 
-    /// Makes the heights of all paragraphs that meet the stretch exact and returns how far what stood at `anchor`
-    /// moved by that: a view that scrolls by as much stands still.
+    /// Makes the heights of all paragraphs that meet the stretch exact and returns how far what stood at `anchor` moved
+    /// by that: a view that scrolls by as much stands still. The stretch moves along: what was laid out fills it then.
+    /// Layouts that were not used since the call before may be dropped.
     Fine Settle(Fine top, Fine bottom, Fine anchor);
 
     /// How many paragraphs were laid out so far, for tests and benchmarks.

@@ -75,6 +75,7 @@ constexpr std::array kLikeFonts = {
     LikeFont{u"Times Roman", kSerif},
     LikeFont{u"Tms Rmn", kSerif},
     LikeFont{u"Verdana", kWideSans},
+    LikeFont{u"Webdings", kWideSans},  // which has the most signs
 };
 
 constexpr std::array<std::u16string_view, 12> kCharsetEndings = {

@@ -8,12 +8,15 @@ namespace quillmarker
 {
 
 /// Where a line may end, by the rules of Unicode (UAX #14), with dictionaries for the scripts that have no spaces.
-/// Plain words between blanks are found without asking the full rules; both ways give the same answer.
+/// Plain words between blanks are found without asking the full rules; both ways give the same answer. Behind a tab and
+/// behind a break character a line may always begin, and so it may at the text's end.
 class LineBreaks
 {
 public:
+    enum class Means : bool { FastWherePossible, RulesOnly };
+
     /// The text is only looked at and must outlive the object.
-    LineBreaks(std::u16string_view text, std::uint16_t language);
+    LineBreaks(std::u16string_view text, std::uint16_t language, Means means = Means::FastWherePossible);
     ~LineBreaks();
     LineBreaks(const LineBreaks&) = delete;
     LineBreaks& operator=(const LineBreaks&) = delete;
@@ -30,9 +33,12 @@ public:
 
 private:
     struct Rules;
+    Rules& LineRules();
+
     std::u16string_view m_text;
-    std::uint16_t m_language;
-    std::unique_ptr<Rules> m_rules;
+    std::uint16_t m_language;  // a Windows language identifier
+    Means m_means;
+    std::unique_ptr<Rules> m_rules;  // opened when they are first needed
 };
 
 }  // namespace quillmarker

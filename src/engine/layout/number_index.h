@@ -26,7 +26,18 @@ public:
     void Reset();
 
 private:
-    std::map<std::int32_t, NumberCounter> m_counted;  // the count before these paragraphs
+    using Counters = std::map<std::int32_t, NumberCounter>;
+    struct Running
+    {
+        std::int32_t paragraph = 0;
+        NumberCounter counter;
+    };
+
+    /// The count before `paragraph`, kept now and then on the way there.
+    Running& CountTo(const Document& document, std::int32_t paragraph);
+
+    Counters m_counted;  // the count before these paragraphs
+    Running m_running;   // the count before the paragraph that will probably be asked for next
 };
 
 }  // namespace quillmarker

@@ -78,10 +78,7 @@ public:
         PaintPicture(m_surface.Painter(), rectangle, picture != nullptr ? *picture : kPlaceholder);
     }
 
-    void operator()(const BeginClip& clip)
-    {
-        m_surface.OpenClip(m_surface.Snapped(m_surface.Mapped(clip.rectangle)));
-    }
+    void operator()(const BeginClip& clip) { m_surface.OpenClip(m_surface.Snapped(m_surface.Mapped(clip.rectangle))); }
     void operator()(const EndClip&) { m_surface.CloseClip(); }
     void operator()(const LinkArea&) {}
 

@@ -2,6 +2,8 @@
 
 #include "display_list.h"
 
+#include <quillmarker/pages/export.h>
+
 #include <QColor>
 #include <QPainter>
 
@@ -17,7 +19,9 @@ struct GroundColours
 
 /// Paints a list. `scale` is device pixels a twip before the painter's own transform; `origin` is where the list's
 /// origin falls, in the painter's coordinates. On a painter without scaling the text is set in its real pixel size.
-/// Items that lie wholly outside the painter's clip are left out.
-void Paint(QPainter& painter, const DisplayList& list, QPointF origin, qreal scale, const GroundColours& colours = {});
+/// Items that lie wholly outside the painter's clip are left out. Text of automatic colour that stands on a ground which
+/// the list itself painted is black or white where it could not be read otherwise.
+QUILLMARKER_PAGES_EXPORT void Paint(QPainter& painter, const DisplayList& list, QPointF origin, qreal scale,
+                                    const GroundColours& colours = {});
 
 }  // namespace quillmarker

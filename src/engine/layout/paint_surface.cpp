@@ -18,7 +18,6 @@ bool HasPixels(const QPainter& painter)
     switch (engine->type())
     {
     case QPaintEngine::Pdf:
-    case QPaintEngine::PostScript:
     case QPaintEngine::SVG:
     case QPaintEngine::Picture:
     case QPaintEngine::MacPrinter:
@@ -28,12 +27,17 @@ bool HasPixels(const QPainter& painter)
     }
 }
 
+// Of a device that grows with what is painted on it.
+constexpr QRectF kEverywhere(-1e9, -1e9, 2e9, 2e9);
+
 // What the device shows. Paper is given as much again on each side: its window may leave out the margins.
 QRectF Window(const QPainter& painter, bool hasPixels)
 {
     const QRectF window = painter.worldTransform().inverted().mapRect(QRectF(painter.window()));
     if (hasPixels)
         return window;
+    if (painter.paintEngine() != nullptr && painter.paintEngine()->type() == QPaintEngine::Picture)
+        return kEverywhere;
     const qreal width = window.width();
     const qreal height = window.height();
     return window.adjusted(-width, -height, width, height);
@@ -49,7 +53,10 @@ void Snap(qreal& begin, qreal& end)
 }  // namespace
 
 PaintSurface::PaintSurface(QPainter& painter, QPointF origin, qreal scale)
-    : m_painter(painter), m_origin(origin), m_scale(scale), m_toDevice(painter.deviceTransform()),
+    : m_painter(painter),
+      m_origin(origin),
+      m_scale(scale),
+      m_toDevice(painter.deviceTransform()),
       m_fromDevice(m_toDevice.inverted())
 {
     const bool hasPixels = HasPixels(painter);

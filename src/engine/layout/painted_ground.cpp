@@ -8,7 +8,7 @@ namespace
 {
 
 constexpr std::size_t kBands = 64;
-constexpr int kDarkest = 62;    // luminance up to which a ground asks for light text, of 255
+constexpr int kDarkest = 62;     // luminance up to which a ground asks for light text, of 255
 constexpr int kLightText = 128;  // luminance from which a text is light
 
 int Luminance(const QColor& colour) { return (colour.red() * 76 + colour.green() * 151 + colour.blue() * 29) / 256; }
@@ -38,9 +38,8 @@ void PaintedGround::Fill(const QRectF& rectangle, const QColor& colour)
 QColor PaintedGround::TextAt(QPointF point) const
 {
     const auto& band = m_bands[BandOf(point.y())];
-    const auto found = std::find_if(band.rbegin(), band.rend(), [&](std::uint32_t index) {
-        return m_painted[index].rectangle.contains(point);
-    });
+    const auto found = std::find_if(band.rbegin(), band.rend(),
+                                    [&](std::uint32_t index) { return m_painted[index].rectangle.contains(point); });
     if (found == band.rend())
         return m_colours.text;
     const bool wantsLight = Luminance(m_painted[*found].colour) <= kDarkest;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillmarker/inline_object.h>
+#include <quillmarker/pages/export.h>
 
 #include <QImage>
 #include <QPainter>
@@ -10,20 +11,20 @@
 namespace quillmarker
 {
 
-/// The size in twips in which a picture is shown: its goal (else its natural size), scaled, less what is cropped. At least a
+/// The size in twips in which a picture is shown: its goal (else its natural size), less what is cropped, scaled. At least a
 /// twip, at most kMaxPictureTwips a side, whatever the file says.
-QSizeF ShownSize(const Picture& picture);
+QUILLMARKER_PAGES_EXPORT QSizeF ShownSize(const Picture& picture);
 
 constexpr qreal kMaxPictureTwips = 22 * 1440.0 * 10;
 
 /// The pixels of a bitmap picture (PNG, JPEG, GIF, BMP, DIB, DDB), whatever kind it claims to be; null when it cannot
 /// be read or would be larger than kMaxPicturePixels. Read anew each time: PaintPicture keeps what it decoded.
-QImage DecodeBitmap(const Picture& picture);
+QUILLMARKER_PAGES_EXPORT QImage DecodeBitmap(const Picture& picture);
 
 constexpr qint64 kMaxPicturePixels = 64 * 1024 * 1024;
 
 /// Paints the picture into `rectangle` (in the painter's coordinates), cropped as it says; metafiles are played as
 /// vectors. What cannot be read is a thin frame with a cross.
-void PaintPicture(QPainter& painter, const QRectF& rectangle, const Picture& picture);
+QUILLMARKER_PAGES_EXPORT void PaintPicture(QPainter& painter, const QRectF& rectangle, const Picture& picture);
 
 }  // namespace quillmarker

@@ -67,13 +67,26 @@ std::int32_t StrikeoutPosition(const QRawFont& raw)
     return position - size / 2;
 }
 
+/// The middle of the underline. The table that states it (post) gives its top; where there is none, Qt its middle.
+std::int32_t UnderlinePosition(const QRawFont& raw)
+{
+    constexpr qsizetype kPositionAt = 8;
+    constexpr qsizetype kThicknessAt = 10;
+    const QByteArray table = raw.fontTable("post");
+    if (table.size() < kThicknessAt + 2)
+        return Rounded(raw.underlinePosition());
+    const auto position = qFromBigEndian<qint16>(table.constData() + kPositionAt);
+    const auto thickness = qFromBigEndian<qint16>(table.constData() + kThicknessAt);
+    return thickness / 2 - position;
+}
+
 FaceMetrics MetricsOf(const QRawFont& raw, std::int32_t unitsPerEm)
 {
     return {.unitsPerEm = unitsPerEm,
             .ascent = Rounded(raw.ascent()),
             .descent = Rounded(raw.descent()),
             .lineGap = std::max(0, Rounded(raw.leading())),
-            .underlinePosition = Rounded(raw.underlinePosition()),
+            .underlinePosition = UnderlinePosition(raw),
             .underlineThickness = std::max(1, Rounded(raw.lineThickness())),
             .strikeoutPosition = StrikeoutPosition(raw)};
 }

@@ -1,6 +1,7 @@
 #include "qt_font_host.h"
 
 #include "font_substitutes.h"
+#include "symbol_face.h"
 
 #include "engine/document/font_family.h"
 
@@ -13,6 +14,10 @@ namespace
 
 constexpr int kNormalWeight = 400;
 constexpr int kBoldWeight = 700;
+constexpr std::uint8_t kSymbolCharset = 2;
+constexpr char32_t kBulletSign = U'\uF0B7';
+
+int WeightOf(const FontRequest& request) { return request.bold ? kBoldWeight : kNormalWeight; }
 
 QString ToQString(std::u16string_view text)
 {
@@ -44,7 +49,7 @@ QtFontHost::~QtFontHost() = default;
 
 const FontFace& QtFontHost::Face(const FontRequest& request)
 {
-    const RequestKey key{request.name, request.family, request.charset == 2, request.bold, request.italic};
+    const RequestKey key{request.name, request.family, request.charset == kSymbolCharset, request.bold, request.italic};
     const FontFace*& face = m_requests[key];
     if (!face)
         face = &Find(request);
@@ -60,8 +65,29 @@ const FontFace& QtFontHost::Face(const FaceIdentity& identity)
 
 const FontFace& QtFontHost::Find(const FontRequest& request)
 {
-    return FaceOf({FamilyFor(ToQString(request.name), request.family), request.bold ? kBoldWeight : kNormalWeight,
-                   request.italic});
+    const std::optional<SymbolSet> signs = SymbolSetOf(request.name);
+    if (signs || request.charset == kSymbolCharset)
+        return SymbolsOf(request, signs.value_or(SymbolSet::Latin));
+    return FaceOf({FamilyFor(ToQString(request.name), request.family), WeightOf(request), request.italic});
+}
+
+/// The font itself if it is installed and has its signs where documents look for them; else what they look like.
+const FontFace& QtFontHost::SymbolsOf(const FontRequest& request, SymbolSet set)
+{
+    QString family = Installed(ToQString(request.name));
+    if (!family.isEmpty())
+    {
+        const QtFace& own = FaceOf({family, WeightOf(request), request.italic});
+        if (own.Has(kBulletSign))
+            return own;
+    }
+    else
+    {
+        const bool looksLikeText = set == SymbolSet::Greek || set == SymbolSet::Latin;
+        family = looksLikeText ? FamilyFor({}, FontFamily::Roman) : FamilyFor(QStringLiteral("Webdings"), {});
+    }
+    const QtFace& shown = FaceOf({family, WeightOf(request), request.italic});
+    return *m_symbolFaces.emplace_back(std::make_unique<SymbolFace>(shown, set));
 }
 
 const QtFace& QtFontHost::FaceOf(const FaceIdentity& identity)
@@ -96,13 +122,20 @@ QString QtFontHost::FamilyFor(const QString& name, FontFamily family) const
     for (const auto& candidates :
          {FontsLike(plain), FontsOf(family == FontFamily::Nil ? known : family), FontsOf(FontFamily::Swiss)})
     {
-        for (const std::u16string_view candidate : candidates)
-        {
-            if (const QString installed = Installed(ToQString(candidate)); !installed.isEmpty())
-                return installed;
-        }
+        if (const QString installed = FirstInstalled(candidates); !installed.isEmpty())
+            return installed;
     }
     return m_families.isEmpty() ? QString() : QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+}
+
+QString QtFontHost::FirstInstalled(std::span<const std::u16string_view> names) const
+{
+    for (const std::u16string_view name : names)
+    {
+        if (const QString installed = Installed(ToQString(name)); !installed.isEmpty())
+            return installed;
+    }
+    return {};
 }
 
 }  // namespace quillmarker

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmarker/export.h>
+
 #include <cstdint>
 #include <optional>
 
@@ -24,7 +26,7 @@ inline constexpr CodePage kMacJapanesePage = 10001;
 inline constexpr CodePage kUtf8Page = 65001;
 
 /// The code page of a font's character set (\fcharset); kDocumentPage for 1 and for numbers without a meaning.
-CodePage CodePageOfCharset(int charset);
+QUILLMARKER_CORE_EXPORT CodePage CodePageOfCharset(int charset);
 
 /// The character set a font states for `page`; empty when no character set means that page.
 std::optional<int> CharsetOfCodePage(CodePage page);

@@ -4,6 +4,8 @@
 #include "engine/rtf/charset.h"
 #include "engine/rtf/page_table.h"
 
+#include <quillmarker/export.h>
+
 #include <string>
 #include <string_view>
 
@@ -22,7 +24,7 @@ public:
 
     /// Puts the characters of `bytes` behind `out`. A pair the page does not define, or a lead byte at the end, is one
     /// U+FFFD; a byte below 0x80 is never swallowed by a lead byte it does not belong to.
-    void Append(std::string_view bytes, std::u16string& out) const;
+    QUILLMARKER_CORE_EXPORT void Append(std::string_view bytes, std::u16string& out) const;
 
     /// The character of one byte that is no lead byte and, in UTF-8, below 0x80.
     char16_t UnitOf(unsigned char byte) const { return m_table.units[byte]; }
@@ -44,6 +46,6 @@ private:
 
 /// The decoder of `page`, built at its first use and kept for the process: cheap to ask for, valid for ever, safe
 /// from any thread. 0 and unknown pages give the one of 1252.
-const Decoder& DecoderFor(CodePage page);
+QUILLMARKER_CORE_EXPORT const Decoder& DecoderFor(CodePage page);
 
 }  // namespace quillmarker

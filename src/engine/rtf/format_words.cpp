@@ -82,8 +82,9 @@ std::string PlainWords(const CharFormat& format, const WriterTables& tables)
 
 std::string CharWords(const CharFormat& from, const CharFormat& to, const WriterTables& tables)
 {
-    // An offset is ended by \plain and not by \up0, which a host that rewrites sizes would take for another offset.
-    if (from.offset != Twips() && to.offset == Twips())
+    // An offset is ended by \plain and not by \up0, which a host that rewrites sizes would take for another offset. No
+    // language has a number that says so: \plain ends one too, as no \deflang is written.
+    if ((from.offset != Twips() && to.offset == Twips()) || (from.language != 0 && to.language == 0))
         return PlainWords(to, tables);
     std::string out;
     if (from.style != to.style)

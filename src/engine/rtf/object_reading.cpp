@@ -33,14 +33,14 @@ Numbering OldNumbering::Finish() const
 {
     Numbering result = numbering;
     constexpr std::size_t kMaxPart = kMaxNumberText / 2 - 1;
-    result.text = before.substr(0, kMaxPart);
+    result.text.assign(before, 0, kMaxPart);
     if (result.kind != NumberKind::Bullet && result.kind != NumberKind::None)
     {
         result.text += static_cast<char16_t>(result.level);
-        result.text += after.substr(0, kMaxPart);
+        result.text.append(after, 0, kMaxPart);
     }
     else if (result.text.empty() && result.kind == NumberKind::Bullet)
-        result.text = u"\u2022";
+        result.text.assign(1, u'\u2022');
     return result;
 }
 

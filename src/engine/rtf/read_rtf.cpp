@@ -57,4 +57,12 @@ Document ReadRtf(std::u16string_view text, const RtfReading& options)
     return Reader(WithoutLead(source), SourceKind::Utf8, options).Read();
 }
 
+void VisitRtf(std::string_view bytes, const ParagraphVisitor& visit, const RtfReading& options)
+{
+    if (IsRtf(bytes))
+        return Reader(WithoutLead(bytes), SourceKind::Bytes, options).Visit(visit);
+    const Document document = PlainDocument(DecodePlainText(bytes, options.codePage), options);
+    document.Visit(0, [&](const Paragraph& paragraph) { return visit(paragraph, document.Formats()); });
+}
+
 }  // namespace quillmarker

@@ -77,6 +77,16 @@ Document Reader::Read()
     return {std::move(body), m_formats, hasProperties ? Shared(std::move(m_properties)) : Shared<DocumentFormat>()};
 }
 
+void Reader::Visit(const ParagraphVisitor& visit)
+{
+    bool wantsMore = true;
+    m_stories.front()->HandOutTo([&](const Paragraph& paragraph) {
+        wantsMore = wantsMore && visit(paragraph, *m_formats);
+        m_isDone = m_isDone || !wantsMore;
+    });
+    Read();
+}
+
 void Reader::HandleWord(const Token& token)
 {
     const bool wasStarred = std::exchange(m_isStarred, false);

@@ -35,6 +35,9 @@ public:
 
     Document Read();
 
+    /// Reads the source, hands the main text's paragraphs out and keeps none.
+    void Visit(const ParagraphVisitor& visit);
+
     // What words change.
     CharFormat& Chars();
     ParagraphFormat& ParagraphProperties();

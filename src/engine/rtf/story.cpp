@@ -17,7 +17,8 @@ Shared<Section> Story::TakeFinalSection()
 Body Story::Finish(const ParagraphMark& openEnd, bool dropsFinalBreak)
 {
     if (!dropsFinalBreak || !EndsWithBreak())
-        m_paragraphs.push_back(m_builder.Finish(openEnd));
+        EndParagraph(openEnd);
+    HandOut();
     return Body(std::make_shared<BodyContent>(BodyContent{ParagraphTree(m_paragraphs)}));
 }
 

@@ -5,8 +5,10 @@
 
 #include <quillmarker/document.h>
 
+#include <functional>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillmarker
@@ -18,8 +20,12 @@ class Story
 public:
     ParagraphBuilder& Builder() { return m_builder; }
 
+    /// Ended paragraphs go to `take` instead of being kept, the last one only when it is known to stay as it is.
+    void HandOutTo(std::function<void(const Paragraph&)> take) { m_take = std::move(take); }
+
     void EndParagraph(const ParagraphMark& mark, Shared<TableRow> row = {}, Shared<Section> section = {})
     {
+        HandOut();
         m_paragraphs.push_back(m_builder.Finish(mark, std::move(row), std::move(section)));
     }
 
@@ -43,6 +49,15 @@ public:
     Body Finish(const ParagraphMark& openEnd, bool dropsFinalBreak);
 
 private:
+    void HandOut()
+    {
+        if (!m_take)
+            return;
+        for (const ParagraphRef& paragraph : m_paragraphs)
+            m_take(*paragraph);
+        m_paragraphs.clear();
+    }
+
     bool EndsWithBreak() const
     {
         return m_builder.IsEmpty() && !m_paragraphs.empty() && m_paragraphs.back()->Ending().kind == Mark::Break;
@@ -50,6 +65,7 @@ private:
 
     ParagraphBuilder m_builder;
     std::vector<ParagraphRef> m_paragraphs;
+    std::function<void(const Paragraph&)> m_take;
 };
 
 }  // namespace quillmarker

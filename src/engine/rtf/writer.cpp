@@ -24,6 +24,16 @@ bool IsRowStart(const std::vector<const Paragraph*>& paragraphs, std::size_t ind
     return before.tableDepth == 0 || (before.kind == Mark::Row && before.tableDepth == 1);
 }
 
+/// A field and those around it, the outermost first.
+std::vector<Shared<Field>> PathOf(const Shared<Field>& field)
+{
+    std::vector<Shared<Field>> path;
+    for (Shared<Field> at = field; at; at = at->outer)
+        path.push_back(at);
+    std::ranges::reverse(path);
+    return path;
+}
+
 }  // namespace
 
 std::string Writer::Write()
@@ -89,8 +99,8 @@ void Writer::WriteRowStart(const Paragraphs& paragraphs, std::size_t index)
 void Writer::WriteParagraph(const Paragraph& paragraph)
 {
     const ParagraphMark& mark = paragraph.Ending();
-    UseField(paragraph.Runs().empty() ? m_document.FormatOf(mark.charFormat).field
-                                      : m_document.FormatOf(paragraph.Runs().front().format).field);
+    // A field that begins here is opened by its text, behind the paragraph's own words, which hold beyond it.
+    CloseFields(PathOf(m_document.FormatOf(paragraph.FormatAt(0)).field));
     UseParagraph(mark);
     WriteNumber(m_document.FormatOf(mark.format));
     std::uint32_t begin = 0;
@@ -228,17 +238,20 @@ void Writer::UseField(const Shared<Field>& field)
 {
     if (m_fields.empty() && !field)
         return;
-    std::vector<Shared<Field>> path;  // outermost last
-    for (Shared<Field> at = field; at; at = at->outer)
-        path.push_back(at);
-    std::ranges::reverse(path);
+    const std::vector<Shared<Field>> path = PathOf(field);
+    CloseFields(path);
+    for (std::size_t open = m_fields.size(); open < path.size(); ++open)
+        OpenField(path[open]);
+}
+
+/// Closes the open fields that are not on the path.
+void Writer::CloseFields(std::span<const Shared<Field>> path)
+{
     std::size_t common = 0;
     while (common < path.size() && common < m_fields.size() && path[common] == m_fields[common].field)
         ++common;
     while (m_fields.size() > common)
         CloseField();
-    for (; common < path.size(); ++common)
-        OpenField(path[common]);
 }
 
 void Writer::OpenField(const Shared<Field>& field)

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -63,6 +64,7 @@ private:
     void UseParagraph(const ParagraphMark& mark);
     void UseChars(CharFormatId id);
     void UseField(const Shared<Field>& field);
+    void CloseFields(std::span<const Shared<Field>> path);
     void OpenField(const Shared<Field>& field);
     void CloseField();
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <memory>
+
 namespace quillmarker
 {
 namespace
@@ -174,6 +177,72 @@ TEST(Notifications, AHandlerMayUndoWhatWasJustDone)
     box.SetSelText(u"b");
     EXPECT_EQ(Dump(box), "a|");
     EXPECT_TRUE(box.CanRedo());
+}
+
+// Every member that goes through an edit or a move of the selection, on a box that its handlers destroy.
+TEST(Notifications, AHandlerMayDestroyTheBox)
+{
+    using Member = void (*)(TextBox&);
+    const Member members[] = {
+        [](TextBox& box) { box.SetText(u"x"); },
+        [](TextBox& box) { box.SetTextRTF(u"{\\rtf1 x}"); },
+        [](TextBox& box) { box.SetSelStart(5); },
+        [](TextBox& box) { box.SetSelLength(0); },
+        [](TextBox& box) { box.SetSelText(u"x"); },
+        [](TextBox& box) { box.SetSelRTF(u"{\\rtf1 x}"); },
+        [](TextBox& box) { box.Find(u"d"); },
+        [](TextBox& box) { box.Span(u"d "); },
+        [](TextBox& box) { box.UpTo(u"e"); },
+        [](TextBox& box) { box.SetSelBold(1); },
+        [](TextBox& box) { box.SetSelBullet(1); },
+        [](TextBox& box) { box.SetSelTabCount(2); },
+        [](TextBox& box) { box.SetSelTabs(0, 500); },
+        [](TextBox& box) { box.Type(u"x"); },
+        [](TextBox& box) { box.TypeBackspace(); },
+        [](TextBox& box) { box.TypeDelete(); },
+        [](TextBox& box) { box.PasteText(u"x"); },
+        [](TextBox& box) { box.PasteRTF(u"{\\rtf1 x}"); },
+        [](TextBox& box) { box.Undo(); },
+        [](TextBox& box) { box.Redo(); },
+        [](TextBox& box) { box.SetValue(Document()); },
+        [](TextBox& box) { box.OpenValue(Document()); },
+    };
+    for (std::size_t i = 0; i < std::size(members); ++i)
+    {
+        int destroyed = 0;
+        for (auto handler : {&TextBox::Change, &TextBox::SelChange})
+        {
+            SCOPED_TRACE(i);
+            auto box = std::make_unique<SampleBox>("ab ^c|d e");
+            box->SetSelTabCount(1);
+            box->SetSelText(u"X");
+            box->SetSelText(u"Y");
+            box->Undo();
+            box->SetSelStart(3);
+            box->SetSelLength(1);
+            int raised = 0;
+            (*box).*handler = [&] {
+                ++raised;
+                box.reset();
+            };
+            members[i](*box);
+            EXPECT_LE(raised, 1);
+            EXPECT_EQ(box == nullptr, raised == 1);
+            destroyed += raised;
+        }
+        EXPECT_GT(destroyed, 0) << i;
+    }
+}
+
+TEST(Notifications, NobodyHearsOfTheSelectionOfABoxThatIsGone)
+{
+    auto box = std::make_unique<SampleBox>("a|b");
+    int selections = 0;
+    box->SelChange = [&] { ++selections; };
+    box->Change = [&] { box.reset(); };
+    box->SetSelText(u"x");
+    EXPECT_EQ(box, nullptr);
+    EXPECT_EQ(selections, 0);
 }
 
 TEST(Notifications, AValueTakenInAHandlerStaysAsItWas)

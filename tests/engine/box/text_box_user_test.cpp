@@ -65,6 +65,36 @@ TEST(Typing, AfterADeletionLooksLikeWhatWasDeleted)
     EXPECT_EQ(Dump(box), "a<b>x</b>|c");
 }
 
+TEST(Pasting, PutsFragmentsAndObjectsOverTheSelection)
+{
+    SampleBox box("a^b|c");
+    EXPECT_TRUE(box.PasteFragment(SampleDocument("x<b>y</b>\nz")));
+    EXPECT_EQ(Dump(box), "ax<b>y</b>\nz|c");
+    box.SetSelStart(0);
+    box.SetSelLength(1);
+    EXPECT_TRUE(box.PasteObject(SamplePicture()));
+    EXPECT_EQ(Dump(box), "<pic/>|x<b>y</b>\nzc");
+    box.Undo();
+    EXPECT_EQ(Dump(box), "^a|x<b>y</b>\nzc");
+}
+
+TEST(Pasting, BytesHaveTheCodePageThatTheyState)
+{
+    SampleBox box("a|");
+    EXPECT_TRUE(box.PasteRTFBytes("{\\rtf1\\ansicpg1251 \xEF}"));
+    EXPECT_EQ(box.Text(), u"a\u043F");
+}
+
+TEST(Pasting, AFragmentIsReadWithTheFontOfThePlace)
+{
+    SampleBox box("a^b|c");
+    box.SetSelFontName(u"Courier New");
+    box.SetSelFontSize(7.5F);
+    EXPECT_EQ(box.ReadingHere().defaultFormat.font.Text(), u"Courier New");
+    EXPECT_EQ(box.ReadingHere().defaultFormat.size, Twips{150});
+    EXPECT_EQ(box.ReadingHere().formats, box.Value().FormatsPointer());
+}
+
 TEST(MaxLength, CutsWhatIsTypedAndPasted)
 {
     SampleBox box("abc|");
@@ -78,6 +108,8 @@ TEST(MaxLength, CutsWhatIsTypedAndPasted)
     box.SetSelStart(0);
     box.SetSelLength(2);
     EXPECT_FALSE(box.PasteRTF(u"{\\rtf1{\\b 123}}"));
+    EXPECT_EQ(Dump(box), "<b>12</b>|cxy");
+    EXPECT_FALSE(box.PasteObject(SamplePicture()));
     EXPECT_EQ(Dump(box), "<b>12</b>|cxy");
 }
 
@@ -122,6 +154,9 @@ TEST(Locked, RefusesTheUserAndNotTheHost)
     EXPECT_FALSE(box.TypeDelete());
     EXPECT_FALSE(box.PasteText(u"x"));
     EXPECT_FALSE(box.PasteRTF(u"{\\rtf1 x}"));
+    EXPECT_FALSE(box.PasteRTFBytes("{\\rtf1 x}"));
+    EXPECT_FALSE(box.PasteFragment(SampleDocument("x")));
+    EXPECT_FALSE(box.PasteObject(SamplePicture()));
     EXPECT_EQ(Dump(box), "a^b|c");
     box.SetSelText(u"x");
     box.SetSelRTF(u"{\\rtf1 y}");
@@ -136,6 +171,8 @@ void ExpectRefused(std::string_view sample)
     EXPECT_FALSE(box.Type(u"x")) << sample;
     EXPECT_FALSE(box.PasteText(u"x")) << sample;
     EXPECT_FALSE(box.PasteRTF(u"{\\rtf1 x}")) << sample;
+    EXPECT_FALSE(box.PasteFragment(SampleDocument("x"))) << sample;
+    EXPECT_FALSE(box.PasteObject(SamplePicture())) << sample;
     EXPECT_EQ(Dump(box), sample);
 }
 
@@ -177,6 +214,8 @@ TEST(ProtectedText, MayBeWrittenBesideAndWhatIsWrittenIsNotProtected)
     SampleBox pasted("<p>b</p>|");
     EXPECT_TRUE(pasted.PasteText(u"x"));
     EXPECT_EQ(Dump(pasted), "<p>b</p>x|");
+    EXPECT_TRUE(pasted.PasteObject(SamplePicture()));
+    EXPECT_EQ(Dump(pasted), "<p>b</p>x<pic/>|");
 }
 
 TEST(ProtectedText, IsChangedByTheHost)

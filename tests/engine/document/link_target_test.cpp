@@ -22,6 +22,8 @@ TEST(LinkTarget, ABookmarkFollowsASign)
 {
     EXPECT_EQ(Target(u"HYPERLINK \\l \"totals\""), u"#totals");
     EXPECT_EQ(Target(u"HYPERLINK \"file.rtf\" \\l \"totals\""), u"file.rtf#totals");
+    EXPECT_EQ(Target(u"HYPERLINK \\l \"totals\" \"file.rtf\""), u"file.rtf#totals");
+    EXPECT_EQ(Target(u"HYPERLINK \\l totals \\o tip http://example.org"), u"http://example.org#totals");
 }
 
 TEST(LinkTarget, TipsAndFramesAreNotTargets)

@@ -1,5 +1,6 @@
 #include "engine/rtf/corpus_events.h"
 #include "engine/rtf/rtf_sample.h"
+#include "engine/rtf/visited_document.h"
 
 #include <gtest/gtest.h>
 
@@ -87,6 +88,20 @@ TEST_F(RealFiles, EachIsReadAsAFragmentToo)
         const Document document = ReadRtf(Bytes(file), fragment);
         const Document again = ReadRtf(WriteRtf(document, RtfScope::Fragment), fragment);
         EXPECT_EQ(again.Text(), document.Text()) << file;
+        ++count;
+    }
+    Report("files", count);
+    EXPECT_GT(count, 0U);
+}
+
+TEST_F(RealFiles, EachIsTheSameInASinglePass)
+{
+    std::size_t count = 0;
+    for (const fs::path& file : FilesWith(".rtf"))
+    {
+        const std::string source = Bytes(file);
+        const Document document = ReadRtf(source);
+        EXPECT_TRUE(SameContent(VisitedDocument(source, document), document)) << file;
         ++count;
     }
     Report("files", count);

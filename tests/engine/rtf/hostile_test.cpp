@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 namespace quillmarker
 {
@@ -163,6 +164,20 @@ TEST(HostileSource, AMillionFormats)
     for (std::size_t i = 1; i <= kDeep; ++i)
         source += "\\li" + std::to_string(i) + "\\par";
     EXPECT_EQ(ReadBounded("{\\rtf1" + source + "}").ParagraphCount(), 100'000);
+}
+
+TEST(HostileSource, ASinglePassKeepsNoText)
+{
+    const std::string source = Sample(Repeated("some words {\\b and} more\\par\r\n", kMillion / 4));
+    std::size_t units = 0;
+    const MemoryUse use = Measured([&] {
+        VisitRtf(source, [&units](const Paragraph& paragraph, const FormatTable&) {
+            units += paragraph.Text().size();
+            return true;
+        });
+    });
+    EXPECT_EQ(units, kMillion / 4 * std::string_view("some words and more").size());
+    EXPECT_LT(use.peak, 0x10000U);
 }
 
 }  // namespace

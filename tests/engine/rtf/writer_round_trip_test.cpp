@@ -39,6 +39,10 @@ constexpr NamedSource kSources[] = {
     {"equal fields side by side", R"({\field{\*\fldinst X}{\fldrslt 1}}{\field{\*\fldinst X}{\fldrslt 1}}\par)"},
     {"nested fields", R"({\field{\*\fldinst TOC}{\fldrslt a{\field{\*\fldinst REF x}{\fldrslt b}}c\par d}}e\par)"},
     {"a field over paragraphs", R"(x{\field{\*\fldinst X}{\fldrslt a\par\pard\qc b\par\pard}}c\par)"},
+    {"fields at the begins of paragraphs",
+     R"(\pard\qc{\field{\*\fldinst X}{\fldrslt a}}b\par\pard\qr{\field{\*\fldinst Y}{\fldrslt{\field{\*\fldinst Z}{\fldrslt c\par)"
+     R"(\pard\qj d}}e}}\par)"},
+    {"languages that end", R"(a\lang1031 b\lang0 c\b\lang1033 d\lang0\up6 e\up0\par)"},
     {"a field around a picture", R"({\field{\*\fldinst X}{\fldrslt{\pict\pngblip 00}}}\par)"},
     {"old lists",
      R"(\pard{\pntext 1.\tab}{\*\pn\pnlvlbody\pndec\pnstart2\pnindent360\pnhang\pnf1{\pntxtb (}{\pntxta )}}\fi-360\li720 a\par b\par)"

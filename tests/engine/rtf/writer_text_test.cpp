@@ -14,6 +14,7 @@ namespace
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 /// What is written for the text alone, without the head.
 std::string Written(std::string_view body)
@@ -50,6 +51,39 @@ TEST(WriteText, NoTextLooksLikeAControlWord)
 TEST(WriteText, TheTwofoldFormIsNeverWritten)
 {
     EXPECT_THAT(WriteRtf(ReadSample(R"({\upr{x}{\*\ud{\u945?}}})")), Not(HasSubstr("\\upr")));
+}
+
+TEST(WriteText, AParagraphsWordsStandBeforeAFieldThatBeginsIt)
+{
+    const std::string written = Written(R"(\pard\qc{\field{\*\fldinst X}{\fldrslt a}}b\par)");
+    EXPECT_THAT(written, StartsWith(R"(\pard\qc {\field{\*\fldinst X}{\fldrslt \plain)"));
+    EXPECT_EQ(written.rfind("\\pard"), 0U);  // nor are they said again behind it
+}
+
+TEST(WriteText, AFieldThatEndedWithAParagraphIsClosedBeforeTheNextOnesWords)
+{
+    const std::string written =
+        Written(R"(\pard\ql{\field{\*\fldinst X}{\fldrslt a\par}}\pard\qc{\field{\*\fldinst Y}{\fldrslt b}}\par)");
+    EXPECT_THAT(written, HasSubstr(R"(}}\pard\qc {\field{\*\fldinst Y})"));
+}
+
+TEST(WriteText, TheNumberOfAParagraphStandsBeforeAFieldThatBeginsIt)
+{
+    const std::string written =
+        Written(R"(\pard{\*\pn\pnlvlbody\pndec{\pntxta .}}{\field{\*\fldinst X}{\fldrslt a}}\par)");
+    EXPECT_LT(written.find("{\\pntext"), written.find("{\\field"));
+}
+
+TEST(WriteText, ALanguageEndsWithoutANumberThatIsNone)
+{
+    const std::string written = Written(R"(\pard\plain a\lang1031 b\lang0\b c\par)");
+    EXPECT_THAT(written, HasSubstr("\\lang1031 b\\plain\\f0"));
+    EXPECT_THAT(written, Not(HasSubstr("\\lang0")));
+    const Document again = ReadRtf(WriteRtf(ReadSample(R"(\pard\plain a\lang1031 b\lang0\b c\par)")));
+    EXPECT_EQ(CharsAt(again, 0).language, 0);
+    EXPECT_EQ(CharsAt(again, 1).language, 1031);
+    EXPECT_EQ(CharsAt(again, 2).language, 0);
+    EXPECT_TRUE(CharsAt(again, 2).bold);
 }
 
 TEST(WriteText, SpecialCharactersAreWords)

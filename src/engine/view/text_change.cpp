@@ -1,0 +1,105 @@
+#include "text_change.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillmarker
+{
+namespace
+{
+
+bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+/// The text of some neighbouring paragraphs of a document, unit by unit, where it lies.
+struct Stretch
+{
+    const Document& document;
+    TextRange range;
+
+    static Stretch Of(const Document& document, std::int32_t first, std::int32_t count)
+    {
+        const Position begin = document.StartOf(first);
+        const Position end = document.StartOf(first + count);
+        // Behind the last paragraph there is no mark, so that a stretch may begin at the end of the text.
+        return {document, {begin, std::max(begin, end)}};
+    }
+    std::u16string Text() const { return document.Text(range); }
+};
+
+/// How many units two texts have in common at their start; not half a pair.
+std::size_t CommonStart(std::u16string_view a, std::u16string_view b)
+{
+    const auto [end, other] = std::ranges::mismatch(a, b);
+    auto length = static_cast<std::size_t>(end - a.begin());
+    if (length > 0 && IsHighSurrogate(a[length - 1]))
+        --length;
+    return length;
+}
+
+std::size_t CommonEnd(std::u16string_view a, std::u16string_view b)
+{
+    std::size_t length = 0;
+    const std::size_t longest = std::min(a.size(), b.size());
+    while (length < longest && a[a.size() - 1 - length] == b[b.size() - 1 - length])
+        ++length;
+    if (length > 0 && IsLowSurrogate(a[a.size() - length]))
+        --length;
+    return length;
+}
+
+TextChange Narrowed(Position at, std::u16string_view before, std::u16string_view after)
+{
+    const std::size_t start = CommonStart(before, after);
+    before.remove_prefix(start);
+    after.remove_prefix(start);
+    const std::size_t end = CommonEnd(before, after);
+    before.remove_suffix(end);
+    after.remove_suffix(end);
+    return {at + static_cast<std::int32_t>(start), std::u16string(before), std::u16string(after)};
+}
+
+/// A keystroke in a very long paragraph: narrowed where the text lies, copying only what differs.
+std::optional<TextChange> WithinParagraph(const Document& before, const Document& after, const DocumentChange& change)
+{
+    if (change.oldCount != 1 || change.newCount != 1)
+        return std::nullopt;
+    const Paragraph& old = before.ParagraphAt(change.oldFirst);
+    const Paragraph& now = after.ParagraphAt(change.newFirst);
+    const bool isSameEnd = old.Ending().kind == now.Ending().kind;
+    if (!isSameEnd)
+        return std::nullopt;
+    TextChange narrowed = Narrowed(after.StartOf(change.newFirst), old.Text(), now.Text());
+    // Objects are another character in the text that hosts see.
+    const auto asText = [](std::u16string& text) { std::ranges::replace(text, kObjectCharacter, u' '); };
+    asText(narrowed.removed);
+    asText(narrowed.inserted);
+    return narrowed;
+}
+
+}  // namespace
+
+TextChanges TextChangesBetween(const Document& before, const Document& after)
+{
+    TextChanges result;
+    std::int64_t told = 0;
+    for (const DocumentChange& change : Differences(before, after))
+    {
+        std::optional<TextChange> within = WithinParagraph(before, after, change);
+        if (!within)
+        {
+            const Stretch old = Stretch::Of(before, change.oldFirst, change.oldCount);
+            const Stretch now = Stretch::Of(after, change.newFirst, change.newCount);
+            if (old.range.Length() > kMaxTextChange || now.range.Length() > kMaxTextChange)
+                return {{}, true};
+            within = Narrowed(now.range.begin, old.Text(), now.Text());
+        }
+        told += static_cast<std::int64_t>(within->removed.size() + within->inserted.size());
+        if (told > kMaxTextChange)
+            return {{}, true};
+        result.changes.push_back(std::move(*within));
+    }
+    return result;
+}
+
+}  // namespace quillmarker

@@ -1,0 +1,162 @@
+#include "view_state.h"
+
+#include "engine/layout/caret_motion.h"
+#include "engine/layout/text_steps.h"
+
+#include <QGuiApplication>
+#include <QInputMethod>
+
+namespace quillmarker
+{
+
+void RichTextView::State::FinishPreEdit()
+{
+    if (!preEdit.IsEmpty())
+        QGuiApplication::inputMethod()->commit();
+    if (preEdit.IsEmpty())
+        return;
+    // The input method has nothing to say: what it began is dropped.
+    preEdit.Clear();
+    isStale = true;
+    ScheduleRefresh();
+}
+
+void RichTextView::State::SelectFromTo(Position anchor, CaretPosition caret, std::optional<Fine> column)
+{
+    track.SelectFromTo(anchor, caret);
+    track.Put(caret, Extend::Yes, column);
+    box.Select(track.Selected());
+    // The box moves positions out of line ends.
+    track.Follow(BoxSelection());
+    mustReveal = !staysPut;
+    RestartCaret();
+    ScheduleRefresh();
+}
+
+void RichTextView::State::Run(const KeyCommand& command)
+{
+    FinishPreEdit();
+    std::visit([this](const auto& what) { Run(what); }, command);
+}
+
+void RichTextView::State::Run(KeyMotion key)
+{
+    const MotionContext context{.pageHeight = Scale().Lengths(view.viewport()->height()), .column = track.Column()};
+    const MovedCaret moved = Moved(Flow(), track.Caret(), key.motion, context);
+    const bool isStep = key.motion == Motion::CharacterLeft || key.motion == Motion::CharacterRight;
+    if (key.extend == Extend::No && isStep && track.HasSelection())
+    {
+        // A step out of a selection goes to that end of it.
+        const bool isForward = moved.caret.position > track.Caret().position ||
+                               (moved.caret.position == track.Caret().position && key.motion == Motion::CharacterRight);
+        const Position end = isForward ? track.Range().end : track.Range().begin;
+        return SelectFromTo(end, {end});
+    }
+    const Position anchor = key.extend == Extend::Yes ? track.Anchor() : moved.caret.position;
+    SelectFromTo(anchor, moved.caret, moved.column);
+}
+
+void RichTextView::State::Run(KeyAction action)
+{
+    switch (action)
+    {
+    case KeyAction::Backspace:
+        return DeleteBeside(Deletion::CharacterBefore);
+    case KeyAction::Delete:
+        return DeleteBeside(Deletion::CharacterBehind);
+    case KeyAction::BackspaceWord:
+        return DeleteBeside(Deletion::WordBefore);
+    case KeyAction::DeleteWord:
+        return DeleteBeside(Deletion::WordBehind);
+    case KeyAction::NewParagraph:
+        return TypeText(QStringLiteral("\r\n"));
+    case KeyAction::NewLine:
+        return TypeText(QString(QChar(kLineBreak)));
+    case KeyAction::NewPage:
+        return TypeText(QString(QChar(kPageBreak)));
+    case KeyAction::Tab:
+        return TypeText(QStringLiteral("\t"));
+    case KeyAction::LeaveForwards:
+        view.QAbstractScrollArea::focusNextPrevChild(true);
+        return;
+    case KeyAction::LeaveBackwards:
+        view.QAbstractScrollArea::focusNextPrevChild(false);
+        return;
+    case KeyAction::ToggleOverwrite:
+        return view.SetOverwrites(!overwrites);
+    case KeyAction::Undo:
+        return view.Undo();
+    case KeyAction::Redo:
+        return view.Redo();
+    case KeyAction::Cut:
+        return view.Cut();
+    case KeyAction::Copy:
+        return view.Copy();
+    case KeyAction::Paste:
+        return view.Paste();
+    case KeyAction::SelectAll:
+        return view.SelectAll();
+    }
+}
+
+void RichTextView::State::TypeText(const QString& text)
+{
+    const std::u16string units = text.toStdU16String();
+    mustReveal = true;
+    RestartCaret();
+    ScheduleRefresh();
+    const Position caret = track.Caret().position;
+    const bool isLineEnd = units == u"\r\n";
+    if (!overwrites || track.HasSelection() || isLineEnd)
+    {
+        box.Type(units);
+        return;
+    }
+    // A line's end is not typed over.
+    const Location at = Value().Locate(caret);
+    const std::u16string_view paragraph = Value().ParagraphAt(at.paragraph).Text();
+    const auto offset = static_cast<std::size_t>(at.offset);
+    const bool hasCharacter = offset < paragraph.size() && paragraph[offset] >= u' ';
+    box.TypeOver({caret, hasCharacter ? NextCharacter(Value(), caret) : caret}, units);
+}
+
+void RichTextView::State::DeleteBeside(Deletion deletion)
+{
+    mustReveal = true;
+    RestartCaret();
+    ScheduleRefresh();
+    if (track.HasSelection())
+        box.TypeDelete();
+    else if (const TextRange range = DeletedBy(Value(), track.Caret().position, deletion); !range.IsEmpty())
+        box.TypeOver(range, u"");
+}
+
+/// Asks the host, then acts. False when the key means nothing here.
+bool RichTextView::State::TakesKey(QKeyEvent& event)
+{
+    const QPointer<RichTextView> alive(&view);
+    bool swallow = false;
+    Q_EMIT view.KeyDown(&event, swallow);
+    if (swallow || !alive)
+        return true;
+    const std::optional<KeyCommand> command = CommandOf(event);
+    QString text = event.text();
+    if (!text.isEmpty())
+    {
+        Q_EMIT view.KeyPress(text, swallow);
+        if (swallow || !alive || text.isEmpty())
+            return true;
+    }
+    if (command)
+    {
+        Run(*command);
+        return true;
+    }
+    if (!TypesText(event))
+        return false;
+    FinishPreEdit();
+    TypeText(text);
+    return true;
+}
+
+}  // namespace quillmarker

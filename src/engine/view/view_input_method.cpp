@@ -1,0 +1,117 @@
+#include "view_state.h"
+
+#include <QInputMethodEvent>
+
+#include <algorithm>
+
+namespace quillmarker
+{
+namespace
+{
+
+/// A long paragraph is told only around the caret; more than any input method asks for.
+constexpr std::int32_t kSurroundingUnits = 4'096;
+
+/// The stretch of the caret's paragraph that an input method hears of.
+TextRange SurroundingsOf(const Document& document, Position caret)
+{
+    const Location at = document.Locate(caret);
+    const Position start = document.StartOf(at.paragraph);
+    const Position end = start + static_cast<std::int32_t>(document.ParagraphAt(at.paragraph).Text().size());
+    return {std::max(start, caret - kSurroundingUnits), std::min(end, caret + kSurroundingUnits)};
+}
+
+QString TextOf(const Document& document, TextRange range) { return QString::fromStdU16String(document.Text(range)); }
+
+}  // namespace
+
+void RichTextView::State::TakeInput(QInputMethodEvent& event)
+{
+    if (!MayEdit())
+        return event.ignore();
+    event.accept();
+    mustReveal = true;
+    const bool wasEmpty = preEdit.IsEmpty();
+    if (!wasEmpty)
+        preEdit.Clear();
+    isStale = true;
+    if (event.replacementLength() > 0)
+    {
+        const Position from = track.Caret().position + event.replacementStart();
+        box.TypeOver({from, from + event.replacementLength()}, event.commitString().toStdU16String());
+    }
+    else if (!event.commitString().isEmpty())
+        TypeText(event.commitString());
+    for (const QInputMethodEvent::Attribute& attribute : event.attributes())
+    {
+        if (attribute.type != QInputMethodEvent::Selection)
+            continue;
+        const Position begin = Value().StartOf(Value().Locate(track.Caret().position).paragraph);
+        SelectFromTo(begin + attribute.start, {begin + attribute.start + attribute.length});
+    }
+    // What is being written takes the selection's place, as far as it may.
+    if (!event.preeditString().isEmpty() && track.HasSelection() && !box.TypeDelete())
+        return;
+    preEdit.Take(event);
+    isStale = true;
+    RestartCaret();
+    ScheduleRefresh();
+}
+
+QVariant RichTextView::State::InputMethodValue(Qt::InputMethodQuery query)
+{
+    const TextRange around = SurroundingsOf(Value(), track.Caret().position);
+    const auto inside = [&](Position at) { return std::clamp(at, around.begin, around.end) - around.begin; };
+    const QRect viewport = view.viewport()->geometry();
+    switch (query)
+    {
+    case Qt::ImEnabled:
+        return view.isEnabled();
+    case Qt::ImReadOnly:
+        return box.Locked();
+    case Qt::ImCursorRectangle:
+        return CaretRectangle(ShownCaret()).translated(viewport.topLeft());
+    case Qt::ImAnchorRectangle:
+        return CaretRectangle({ToShown(track.Anchor())}).translated(viewport.topLeft());
+    case Qt::ImInputItemClipRectangle:
+        return viewport;
+    case Qt::ImCursorPosition:
+        return inside(track.Caret().position);
+    case Qt::ImAnchorPosition:
+        return inside(track.Anchor());
+    case Qt::ImAbsolutePosition:
+        return track.Caret().position.value;
+    case Qt::ImSurroundingText:
+        return TextOf(Value(), around);
+    case Qt::ImTextBeforeCursor:
+        return TextOf(Value(), {around.begin, std::min(track.Caret().position, around.end)});
+    case Qt::ImTextAfterCursor:
+        return TextOf(Value(), {std::min(track.Caret().position, around.end), around.end});
+    case Qt::ImCurrentSelection:
+        return TextOf(Value(), track.Range());
+    case Qt::ImMaximumTextLength:
+        return box.MaxLength() > 0 ? QVariant(box.MaxLength()) : QVariant();
+    case Qt::ImHints:
+        return static_cast<int>(view.inputMethodHints() | Qt::ImhMultiLine);
+    case Qt::ImFont:
+    {
+        QFont font = view.Font();
+        font.setFamily(view.SelFontName().isValid() ? view.SelFontName().toString() : font.family());
+        if (const QVariant size = view.SelFontSize(); size.isValid())
+            font.setPointSizeF(size.toDouble() * zoom / 100);
+        return font;
+    }
+    default:
+        return {};
+    }
+}
+
+void RichTextView::inputMethodEvent(QInputMethodEvent* event) { m_state->TakeInput(*event); }
+
+QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    const QVariant value = m_state->InputMethodValue(query);
+    return value.isValid() ? value : QAbstractScrollArea::inputMethodQuery(query);
+}
+
+}  // namespace quillmarker

@@ -1,0 +1,256 @@
+#include "view_state.h"
+
+#include "clipboard_formats.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace quillmarker
+{
+namespace
+{
+
+constexpr int kAutoscrollMilliseconds = 40;
+
+/// How far a point lies outside of a stretch from 0 to `length`; negative before it.
+int Outside(int at, int length) { return at < 0 ? at : std::max(at - length + 1, 0); }
+
+}  // namespace
+
+bool RichTextView::State::IsOnSelection(const QPoint& point)
+{
+    if (!track.HasSelection())
+        return false;
+    const FlowHit hit = HitAt(point);
+    const Position at = FromShown(hit.character);
+    return hit.isInside && at >= track.Range().begin && at < track.Range().end;
+}
+
+void RichTextView::State::SelectByMouse(const QPoint& point, SelectionUnit unit)
+{
+    const DraggedSelection selection = mouseSelection.Begin(Value(), HitAt(point), unit);
+    gesture = MouseGesture::Selecting;
+    SelectFromTo(selection.anchor, selection.caret);
+}
+
+void RichTextView::State::ExtendByMouse(const QPoint& point)
+{
+    const DraggedSelection selection = mouseSelection.To(Value(), HitAt(point));
+    if (selection != DraggedSelection{track.Anchor(), track.Caret()})
+        SelectFromTo(selection.anchor, selection.caret);
+}
+
+void RichTextView::State::PressLeft(const QMouseEvent& event)
+{
+    const QPoint point = event.position().toPoint();
+    const bool isTriple =
+        tripleClick.isActive() && (point - pressedAt).manhattanLength() < QApplication::startDragDistance();
+    tripleClick.stop();
+    pressedAt = point;
+    if (isTriple)
+        return SelectByMouse(point, SelectionUnit::Paragraph);
+    if (event.modifiers() & Qt::ShiftModifier)
+    {
+        mouseSelection.BeginFrom(track.Anchor());
+        gesture = MouseGesture::Selecting;
+        return ExtendByMouse(point);
+    }
+    if (event.modifiers() & Qt::ControlModifier)
+    {
+        pressedLink = LinkAt(point);
+        if (!pressedLink.isEmpty())
+        {
+            gesture = MouseGesture::OnLink;
+            return;
+        }
+    }
+    if (IsOnSelection(point))
+        gesture = MouseGesture::MayDrag;
+    else
+        SelectByMouse(point, SelectionUnit::Character);
+}
+
+/// What is selected elsewhere is put where the middle button was pressed, where the window system knows of that.
+void RichTextView::State::PressMiddle(const QMouseEvent& event)
+{
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    if (!clipboard.supportsSelection() || !MayEdit())
+        return;
+    const QMimeData* data = clipboard.mimeData(QClipboard::Selection);
+    if (!data || !CanInsertMimeData(*data))
+        return;
+    const CaretPosition caret = HitAt(event.position().toPoint()).caret;
+    SelectFromTo(caret.position, caret);
+    InsertMimeData(box, *data);
+    mustReveal = true;
+}
+
+void RichTextView::State::OfferPrimarySelection()
+{
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    if (!clipboard.supportsSelection() || !track.HasSelection())
+        return;
+    if (std::unique_ptr<QMimeData> data = MimeDataOfSelection(box, copyFilter))
+        clipboard.setMimeData(data.release(), QClipboard::Selection);
+}
+
+void RichTextView::State::MoveMouse(const QMouseEvent& event)
+{
+    const QPoint point = event.position().toPoint();
+    if (!(event.buttons() & Qt::LeftButton))
+        return ShowCursorFor(point, event.modifiers());
+    const bool isFar = (point - pressedAt).manhattanLength() >= QApplication::startDragDistance();
+    if (gesture == MouseGesture::MayDrag && isFar)
+    {
+        gesture = MouseGesture::None;
+        return StartDrag();
+    }
+    if (gesture != MouseGesture::Selecting)
+        return;
+    mouseAt = point;
+    if (view.viewport()->rect().contains(point))
+        autoscroll.stop();
+    else if (!autoscroll.isActive())
+        autoscroll.start(kAutoscrollMilliseconds, &view);
+    // A point outside is reached by scrolling; the caret stays where it can be seen.
+    const QRect inside = view.viewport()->rect();
+    staysPut = true;
+    ExtendByMouse(
+        {std::clamp(point.x(), inside.left(), inside.right()), std::clamp(point.y(), inside.top(), inside.bottom())});
+    staysPut = false;
+}
+
+void RichTextView::State::ReleaseLeft(const QMouseEvent& event)
+{
+    autoscroll.stop();
+    const QPoint point = event.position().toPoint();
+    switch (std::exchange(gesture, MouseGesture::None))
+    {
+    case MouseGesture::MayDrag:
+    {
+        // A click on the selection that was no drag.
+        const CaretPosition caret = HitAt(point).caret;
+        SelectFromTo(FromShown(caret.position), {FromShown(caret.position), caret.side});
+        break;
+    }
+    case MouseGesture::OnLink:
+        if (LinkAt(point) == pressedLink)
+            Q_EMIT view.LinkActivated(pressedLink);
+        break;
+    case MouseGesture::Selecting:
+        OfferPrimarySelection();
+        break;
+    case MouseGesture::None:
+        break;
+    }
+}
+
+/// The further outside the mouse is, the faster the text comes.
+void RichTextView::State::Autoscroll()
+{
+    const QPoint point = mouseAt;
+    const QSize size = view.viewport()->size();
+    const int down = Outside(point.y(), size.height());
+    const int right = Outside(point.x(), size.width());
+    if (gesture != MouseGesture::Selecting || (down == 0 && right == 0))
+        return autoscroll.stop();
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + down);
+    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() + right);
+    staysPut = true;
+    ExtendByMouse({std::clamp(point.x(), 0, size.width() - 1), std::clamp(point.y(), 0, size.height() - 1)});
+    staysPut = false;
+}
+
+void RichTextView::State::ShowCursorFor(const QPoint& point, Qt::KeyboardModifiers modifiers)
+{
+    Qt::CursorShape shape = Qt::IBeamCursor;
+    if (modifiers.testFlag(Qt::ControlModifier) && !LinkAt(point).isEmpty())
+        shape = Qt::PointingHandCursor;
+    else if (IsOnSelection(point))
+        shape = Qt::ArrowCursor;
+    if (view.viewport()->cursor().shape() != shape)
+        view.viewport()->setCursor(shape);
+}
+
+void RichTextView::mousePressEvent(QMouseEvent* event)
+{
+    const QPointer<RichTextView> alive(this);
+    bool swallow = false;
+    Q_EMIT MouseDown(event, swallow);
+    event->accept();
+    if (swallow || !alive)
+        return;
+    m_state->FinishPreEdit();
+    if (event->button() == Qt::LeftButton)
+        m_state->PressLeft(*event);
+    else if (event->button() == Qt::MiddleButton)
+        m_state->PressMiddle(*event);
+}
+
+void RichTextView::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointer<RichTextView> alive(this);
+    bool swallow = false;
+    Q_EMIT MouseMove(event, swallow);
+    if (!swallow && alive)
+        m_state->MoveMouse(*event);
+}
+
+void RichTextView::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointer<RichTextView> alive(this);
+    bool swallow = false;
+    Q_EMIT MouseUp(event, swallow);
+    event->accept();
+    if (!alive)
+        return;
+    if (event->button() != Qt::LeftButton)
+        return;
+    // Whoever swallows the release still ends what the press began.
+    if (swallow)
+    {
+        m_state->autoscroll.stop();
+        m_state->gesture = MouseGesture::None;
+        return;
+    }
+    m_state->ReleaseLeft(*event);
+    if (alive && viewport()->rect().contains(event->position().toPoint()))
+        Q_EMIT Click();
+}
+
+void RichTextView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_state->FinishPreEdit();
+    m_state->pressedAt = event->position().toPoint();
+    m_state->SelectByMouse(m_state->pressedAt, SelectionUnit::Word);
+    m_state->tripleClick.start(QApplication::doubleClickInterval(), this);
+    Q_EMIT DblClick();
+}
+
+void RichTextView::wheelEvent(QWheelEvent* event)
+{
+    if (event->modifiers() & Qt::ControlModifier)
+    {
+        // Fine wheels send parts of a step.
+        m_state->wheelRest += event->angleDelta().y();
+        const int steps = m_state->wheelRest / QWheelEvent::DefaultDeltasPerStep;
+        m_state->wheelRest -= steps * QWheelEvent::DefaultDeltasPerStep;
+        SetZoom(Zoom() + steps * 10);
+        event->accept();
+        return;
+    }
+    if (event->pixelDelta().isNull())
+        return QAbstractScrollArea::wheelEvent(event);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() - event->pixelDelta().y());
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - event->pixelDelta().x());
+    event->accept();
+}
+
+}  // namespace quillmarker

@@ -1,0 +1,156 @@
+#include "view_state.h"
+
+#include "clipboard_formats.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace quillmarker
+{
+
+void RichTextView::Cut()
+{
+    std::unique_ptr<QMimeData> copied = MimeDataOfSelection(m_state->box, m_state->copyFilter);
+    if (!copied)
+        return;
+    m_state->mustReveal = true;
+    m_state->box.BeginStep();
+    // What may not be deleted is not cut: the clipboard stays as it was.
+    if (m_state->box.TypeDelete())
+        QGuiApplication::clipboard()->setMimeData(copied.release());
+    m_state->box.EndStep();
+}
+
+void RichTextView::Copy()
+{
+    if (std::unique_ptr<QMimeData> copied = MimeDataOfSelection(m_state->box, m_state->copyFilter))
+        QGuiApplication::clipboard()->setMimeData(copied.release());
+}
+
+bool RichTextView::CanPaste() const
+{
+    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+    return !Locked() && copied && CanInsertMimeData(*copied);
+}
+
+void RichTextView::Paste()
+{
+    if (!CanPaste())
+        return;
+    m_state->mustReveal = true;
+    InsertMimeData(m_state->box, *QGuiApplication::clipboard()->mimeData());
+}
+
+void RichTextView::Clear()
+{
+    if (!m_state->track.HasSelection())
+        return;
+    m_state->mustReveal = true;
+    m_state->box.BeginStep();
+    m_state->box.TypeDelete();
+    m_state->box.EndStep();
+}
+
+void RichTextView::Undo()
+{
+    if (Locked())
+        return;
+    m_state->mustReveal = true;
+    m_state->box.Undo();
+}
+
+void RichTextView::Redo()
+{
+    if (Locked())
+        return;
+    m_state->mustReveal = true;
+    m_state->box.Redo();
+}
+
+void RichTextView::SelectAll()
+{
+    // Everything cannot be scrolled to.
+    m_state->staysPut = true;
+    m_state->SelectFromTo({0}, {{m_state->box.TextLength()}});
+    m_state->staysPut = false;
+}
+
+int RichTextView::Zoom() const { return m_state->zoom; }
+
+void RichTextView::SetZoom(int percent) { m_state->SetZoom(percent); }
+
+bool RichTextView::AutoVerbMenu() const { return m_state->hasVerbMenu; }
+
+void RichTextView::SetAutoVerbMenu(bool on) { m_state->hasVerbMenu = on; }
+
+bool RichTextView::Overwrites() const { return m_state->overwrites; }
+
+void RichTextView::SetOverwrites(bool on)
+{
+    if (on == m_state->overwrites)
+        return;
+    m_state->overwrites = on;
+    m_state->ScheduleRefresh();
+    m_state->RestartCaret();
+}
+
+void RichTextView::SetCopyFilter(std::function<std::u16string(std::u16string)> filter)
+{
+    m_state->copyFilter = std::move(filter);
+}
+
+int RichTextView::CaretOffset() const { return m_state->track.Caret().position.value; }
+
+int RichTextView::AnchorOffset() const { return m_state->track.Anchor().value; }
+
+void RichTextView::SelectFromTo(int anchor, int caret)
+{
+    const int end = m_state->box.TextLength();
+    m_state->SelectFromTo({std::clamp(anchor, 0, end)}, {{std::clamp(caret, 0, end)}});
+}
+
+QRect RichTextView::CaretRectangle() const { return m_state->CaretRectangle(m_state->ShownCaret()); }
+
+QRect RichTextView::CharacterRectangle(int position) const
+{
+    return m_state->CharacterRectangle(m_state->ToShown({std::clamp(position, 0, m_state->box.TextLength())}));
+}
+
+int RichTextView::PositionAt(const QPoint& point) const
+{
+    return m_state->FromShown(m_state->HitAt(point).caret.position).value;
+}
+
+int RichTextView::CharacterAt(const QPoint& point) const
+{
+    const FlowHit hit = m_state->HitAt(point);
+    return hit.isInside ? m_state->FromShown(hit.character).value : -1;
+}
+
+TextRange RichTextView::LineAround(int position) const
+{
+    DocumentFlow& flow = m_state->Flow();
+    const CaretPosition caret = position == CaretOffset()
+                                    ? m_state->ShownCaret()
+                                    : CaretPosition{m_state->ToShown({std::clamp(position, 0, Box().TextLength())})};
+    const FlowLine line = flow.LineOf(caret);
+    const Position start = flow.Value().StartOf(line.paragraph);
+    const Line& place = flow.LineAt(line);
+    const bool isLast = place.ending == LineEnd::Mark;
+    const Position end =
+        isLast ? flow.Value().StartOf(line.paragraph + 1) : start + static_cast<std::int32_t>(place.end);
+    return {m_state->FromShown(start + static_cast<std::int32_t>(place.begin)), m_state->FromShown(end)};
+}
+
+QString RichTextView::LinkAt(const QPoint& point) const { return m_state->LinkAt(point); }
+
+void RichTextView::EnsureVisible(int position)
+{
+    m_state->Flow();
+    m_state->Reveal({m_state->ToShown({std::clamp(position, 0, m_state->box.TextLength())})});
+    m_state->ScheduleRefresh();
+}
+
+qreal RichTextView::PixelsPerTwip() const { return m_state->Scale().pixelsPerTwip; }
+
+}  // namespace quillmarker

@@ -1,0 +1,113 @@
+#include "view_state.h"
+
+#include <QMetaObject>
+#include <QScopedValueRollback>
+
+namespace quillmarker
+{
+
+bool RichTextView::State::IsPaintingLocked() const { return !view.viewport()->updatesEnabled(); }
+
+void RichTextView::State::ScheduleRefresh()
+{
+    // A lock that is let go paints the view, and painting refreshes it first.
+    if (isRefreshDue || isRefreshing || IsPaintingLocked())
+        return;
+    isRefreshDue = true;
+    QMetaObject::invokeMethod(
+        &view,
+        [this] {
+            isRefreshDue = false;
+            if (view.isVisible())
+                Refresh();
+        },
+        Qt::QueuedConnection);
+}
+
+void RichTextView::State::Refresh()
+{
+    if (isRefreshing || IsPaintingLocked())
+        return;
+    const QScopedValueRollback refreshing(isRefreshing, true);
+    Flow();
+    Settle();
+    if (std::exchange(mustReveal, false))
+        Reveal(ShownCaret());
+    ShownLines now = LinesNow();
+    view.viewport()->update(now.DifferenceFrom(shown, view.viewport()->width()));
+    shown = std::move(now);
+    RefreshCaret();
+}
+
+void RichTextView::State::RefreshAll()
+{
+    shown.Clear();
+    if (IsPaintingLocked())
+        return;
+    view.viewport()->update();
+    ScheduleRefresh();
+}
+
+/// The lines that meet the viewport, as they stand now.
+ShownLines RichTextView::State::LinesNow()
+{
+    ShownLines lines;
+    const int bottom = view.viewport()->height();
+    const TextRange selected{ToShown(track.Range().begin), ToShown(track.Range().end)};
+    const Document& document = flow.Value();
+    std::int32_t paragraph = flow.ParagraphAt(Scale().Lengths(Offset().y()));
+    for (; paragraph < document.ParagraphCount(); ++paragraph)
+    {
+        const Fine top = flow.TopOf(paragraph);
+        if (PixelTop(top) > bottom)
+            break;
+        const ParagraphLayout& layout = flow.LayoutOf(paragraph);
+        const Position start = document.StartOf(paragraph);
+        const std::int32_t length = layout.Source().Length();
+        const auto from = static_cast<std::uint32_t>(std::clamp(selected.begin - start, 0, length));
+        const auto to = static_cast<std::uint32_t>(std::clamp(selected.end - start, 0, length));
+        const auto count = static_cast<std::uint32_t>(layout.Lines().size());
+        for (std::uint32_t i = 0; i < count; ++i)
+        {
+            const Line& line = layout.Lines()[i];
+            ShownLine entry;
+            entry.top = PixelTop(i == 0 ? top : top + line.top);
+            entry.bottom = PixelTop(top + (i + 1 == count ? layout.Height() : line.Bottom()));
+            if (entry.bottom < 0)
+                continue;
+            if (entry.top > bottom)
+                break;
+            const std::uint32_t end = i + 1 == count ? static_cast<std::uint32_t>(length) : line.end;
+            entry.selectedFrom = std::clamp(from, line.begin, end) - line.begin;
+            entry.selectedTo = std::clamp(to, line.begin, end) - line.begin;
+            entry.look = LookOf(layout, i);
+            lines.Add(entry);
+        }
+    }
+    return lines;
+}
+
+void RichTextView::State::RefreshCaret()
+{
+    const QRect caret = overwrites ? CaretRectangle(ShownCaret()).united(CharacterRectangle(ShownCaret().position))
+                                   : CaretRectangle(ShownCaret());
+    // The flag of a caret in text from right to left reaches out of it.
+    const QRect reach = caret.adjusted(-4, 0, 4, 0);
+    if (reach == shownCaret)
+        return;
+    view.viewport()->update(shownCaret);
+    view.viewport()->update(reach);
+    shownCaret = reach;
+    view.updateMicroFocus();
+}
+
+void RichTextView::State::RestartCaret()
+{
+    if (!view.hasFocus())
+        return;
+    blink.Restart(view);
+    if (!IsPaintingLocked())
+        view.viewport()->update(shownCaret);
+}
+
+}  // namespace quillmarker
