@@ -21,12 +21,10 @@ TEST(ScrollBars, AppearWhenTheTextIsHigherThanTheView)
     ShownView view("one|");
     EXPECT_FALSE(view.verticalScrollBar()->isVisible());
     view.Box().SetText(std::u16string(60, u'\n'));
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(view.verticalScrollBar()->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.verticalScrollBar()->isVisible(); }));
     EXPECT_GT(view.verticalScrollBar()->maximum(), 0);
     view.Box().SetText(u"one");
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(view.verticalScrollBar()->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !view.verticalScrollBar()->isVisible(); }));
 }
 
 TEST(ScrollBars, ReachTheLastLine)
