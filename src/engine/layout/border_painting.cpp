@@ -53,7 +53,7 @@ consteval bool IsInOrder()
 }
 static_assert(IsInOrder() && kBorders.back().style == BorderStyle::Outset, "one row for each style, by number");
 
-constexpr int kLighter = 160;  // per cent
+constexpr int kLighter = 125;  // per cent
 constexpr int kDarker = 160;
 
 // The two colours of a relief; those of an automatic border are greys between light and shadow.

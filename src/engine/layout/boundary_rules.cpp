@@ -1,5 +1,7 @@
 #include "boundary_rules.h"
 
+#include <unicode/utf16.h>
+
 #include <algorithm>
 #include <map>
 #include <string>
@@ -37,8 +39,14 @@ OwnedRules Borrowed(UBreakIteratorType kind, const char* locale)
 }  // namespace
 
 BoundaryRules::BoundaryRules(UBreakIteratorType kind, const char* locale, std::u16string_view text)
-    : m_kind(kind), m_locale(locale), m_size(text.size()), m_rules(Borrowed(kind, locale))
+    : m_kind(kind), m_locale(locale), m_rules(Borrowed(kind, locale))
 {
+    Restart(text);
+}
+
+void BoundaryRules::Restart(std::u16string_view text)
+{
+    m_text = text;
     UErrorCode error = U_ZERO_ERROR;
     if (m_rules)
         ubrk_setText(m_rules.get(), text.data(), static_cast<std::int32_t>(text.size()), &error);
@@ -57,15 +65,17 @@ BoundaryRules::~BoundaryRules()
 
 std::uint32_t BoundaryRules::LastUpTo(std::uint32_t offset) const
 {
-    if (!m_rules || offset >= m_size)
-        return std::min(offset, static_cast<std::uint32_t>(m_size));
-    const std::int32_t found = ubrk_preceding(m_rules.get(), static_cast<std::int32_t>(offset) + 1);
+    if (!m_rules || offset >= m_text.size())
+        return std::min(offset, static_cast<std::uint32_t>(m_text.size()));
+    // The next place to look back from; ICU looks back from a pair's start when told its middle.
+    const bool isPair = U16_IS_LEAD(m_text[offset]) && offset + 1 < m_text.size() && U16_IS_TRAIL(m_text[offset + 1]);
+    const std::int32_t found = ubrk_preceding(m_rules.get(), static_cast<std::int32_t>(offset) + (isPair ? 2 : 1));
     return found == UBRK_DONE ? 0 : static_cast<std::uint32_t>(found);
 }
 
 std::uint32_t BoundaryRules::NextBehind(std::uint32_t offset) const
 {
-    const auto size = static_cast<std::uint32_t>(m_size);
+    const auto size = static_cast<std::uint32_t>(m_text.size());
     if (!m_rules || offset >= size)
         return std::min(offset + 1, size);
     const std::int32_t found = ubrk_following(m_rules.get(), static_cast<std::int32_t>(offset));

@@ -2,6 +2,7 @@
 
 #include <unicode/ubrk.h>
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -24,6 +25,9 @@ public:
     BoundaryRules(const BoundaryRules&) = delete;
     BoundaryRules& operator=(const BoundaryRules&) = delete;
 
+    /// Goes on with another text.
+    void Restart(std::u16string_view text);
+
     /// The last boundary up to `offset`, 0 if there is none.
     std::uint32_t LastUpTo(std::uint32_t offset) const;
     /// The first boundary behind `offset`, the text's length if there is none.
@@ -32,7 +36,7 @@ public:
 private:
     UBreakIteratorType m_kind;
     const char* m_locale;
-    std::size_t m_size;
+    std::u16string_view m_text;
     std::unique_ptr<UBreakIterator, CloseRules> m_rules;  // null when ICU has no data: then every place is a boundary
 };
 

@@ -7,6 +7,7 @@
 #include "paragraph_context.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillmarker
 {
@@ -16,11 +17,8 @@ namespace
 /// What layouts may weigh: a few thousand paragraphs.
 constexpr std::size_t kMostLayouts = 16 * 1024 * 1024;
 
-/// An empty column is as high as a line, so that it can be clicked on.
+/// The height of a column in which nothing is shown.
 constexpr Fine kLeastHeight = 240 * kFinePerTwip;
-
-/// Whether a paragraph is laid out otherwise when its neighbours change.
-bool LooksAtNeighbours(const ParagraphFormat& format) { return format.borders || format.contextualSpacing; }
 
 }  // namespace
 
@@ -47,33 +45,28 @@ struct DocumentFlow::State
             isFamily ? Differences(document, next) : std::vector<DocumentChange>();
         if (isFamily)
             numbers.Follow(document, next, changes);
-        document = next;
+        const Document before = std::exchange(document, next);
         if (!isFamily || !hasSameTabs)
             return EstimateAll();
         HeightEstimate estimate(document, width);
         for (const DocumentChange& change : changes)
-            Apply(change, estimate);
-    }
-
-    void Apply(const DocumentChange& change, HeightEstimate& estimate)
-    {
-        // A keystroke leaves the height as it was, more often than not.
-        if (change.oldCount == 1 && change.newCount == 1 && heights.At(change.newFirst).height > 0)
-            Doubt(change.newFirst);
-        else
-            heights.Replace(change.newFirst, change.oldCount, estimate.Of(change.newFirst, change.newCount));
-        for (const std::int32_t neighbour : {change.newFirst - 1, change.newFirst + change.newCount})
         {
-            const bool exists = neighbour >= 0 && neighbour < document.ParagraphCount();
-            if (exists && LooksAtNeighbours(document.FormatOf(document.ParagraphAt(neighbour).Ending().format)))
-                Doubt(neighbour);
+            if (change.oldCount != 1 || change.newCount != 1)
+                heights.Replace(change.newFirst, change.oldCount, estimate.Of(change.newFirst, change.newCount));
+            else
+                Correct(change.newFirst, estimate.Of(before.ParagraphAt(change.oldFirst)),
+                        estimate.Of(document.ParagraphAt(change.newFirst)));
         }
     }
 
-    void Doubt(std::int32_t paragraph)
+    /// A height changes as its estimate does: with most keystrokes not at all.
+    void Correct(std::int32_t paragraph, ParagraphHeight before, ParagraphHeight after)
     {
-        if (const Fine height = heights.At(paragraph).height; height > 0)
-            heights.Set(paragraph, {height, true});
+        const ParagraphHeight known = heights.At(paragraph);
+        if (before.height == after.height && known.height > 0)
+            return;
+        const Fine corrected = std::max<Fine>(known.height + after.height - before.height, 1);
+        heights.Set(paragraph, after.height > 0 && known.height > 0 ? ParagraphHeight{corrected, true} : after);
     }
 
     const ParagraphLayout& LayoutOf(std::int32_t paragraph)
@@ -88,7 +81,10 @@ struct DocumentFlow::State
         }
         const ParagraphHeight exact{layout->Height(), false};
         if (heights.At(paragraph) != exact)
+        {
+            ++heightCount;
             heights.Set(paragraph, exact);
+        }
         extent = std::max(extent, layout->Extent());
         return *layout;
     }
@@ -104,6 +100,7 @@ struct DocumentFlow::State
     NumberIndex numbers;
     Fine extent = 0;
     std::int64_t layoutCount = 0;
+    std::int64_t heightCount = 0;  // heights that laying out made exact
 };
 
 namespace
@@ -171,7 +168,11 @@ void DocumentFlow::SetWidth(Twips width)
     m_state->EstimateAll();
 }
 
-Fine DocumentFlow::Height() const { return std::max(m_state->heights.Total(), kLeastHeight); }
+Fine DocumentFlow::Height() const
+{
+    const Fine total = m_state->heights.Total();
+    return total > 0 ? total : kLeastHeight;
+}
 
 Fine DocumentFlow::Extent() const { return m_state->extent; }
 
@@ -195,8 +196,7 @@ Fine DocumentFlow::Settle(Fine top, Fine bottom, Fine anchor)
     bool isSettled = false;
     while (!isSettled)
     {
-        const std::int32_t estimates = state.heights.EstimateCount();
-        const Fine total = state.heights.Total();
+        const std::int64_t before = state.heightCount;
         state.LayoutOf(middle);
         for (std::int32_t at = middle; state.BottomOf(at) < std::min(bottom + standing.Moved(), state.heights.Total());)
         {
@@ -208,7 +208,7 @@ Fine DocumentFlow::Settle(Fine top, Fine bottom, Fine anchor)
             at = state.heights.Find(state.TopOf(at) - 1);
             state.LayoutOf(at);
         }
-        isSettled = state.heights.EstimateCount() == estimates && state.heights.Total() == total;
+        isSettled = state.heightCount == before;
     }
     return standing.Moved();
 }

@@ -58,7 +58,7 @@ public:
     DocumentFlow& operator=(const DocumentFlow&) = delete;
 
     const Document& Value() const;
-    /// Lays out nothing. A paragraph that is replaced by one keeps its height until it is laid out again.
+    /// Lays out nothing. A paragraph that is replaced by one keeps about its height until it is laid out again.
     void SetDocument(const Document& document);
 
     /// Of the lines: see ParagraphContext.
@@ -85,6 +85,7 @@ public:
     std::int64_t LayoutCount() const;
 
     CaretBox BoxOf(CaretPosition caret);
+    /// A line with a height, if the caret's paragraph has one.
     FlowLine LineOf(CaretPosition caret);
     FlowHit HitAt(Fine x, Fine y);
 

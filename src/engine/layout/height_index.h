@@ -31,7 +31,6 @@ class BasicHeightIndex
 public:
     std::int32_t Count() const { return SumOf(m_root).count; }
     Fine Total() const { return SumOf(m_root).height; }
-    std::int32_t EstimateCount() const { return SumOf(m_root).estimates; }
 
     ParagraphHeight At(std::int32_t index) const
     {
@@ -109,9 +108,6 @@ public:
         MendRoot();
     }
 
-    /// The first paragraph from `from` on whose height is an estimate; Count() if there is none.
-    std::int32_t FirstEstimate(std::int32_t from) const { return std::min(EstimateIn(m_root, from), Count()); }
-
     /// How deep the tree is, for tests.
     int Depth() const
     {
@@ -131,7 +127,6 @@ private:
     {
         Fine height = 0;
         std::int32_t count = 0;
-        std::int32_t estimates = 0;
     };
 
     struct Node;
@@ -158,13 +153,9 @@ private:
         {
             sum.height += child.sum.height;
             sum.count += child.sum.count;
-            sum.estimates += child.sum.estimates;
         }
         for (const Packed packed : node.heights)
-        {
             sum.height += packed >> 1;
-            sum.estimates += static_cast<std::int32_t>(packed & 1);
-        }
         sum.count += static_cast<std::int32_t>(node.heights.size());
         return sum;
     }
@@ -189,27 +180,6 @@ private:
         Child& child = ChildOf(node, index);
         SetIn(*child.node, index, height);
         child.sum = SumOf(*child.node);
-    }
-
-    static std::int32_t EstimateIn(const Node& node, std::int32_t from)
-    {
-        std::int32_t before = 0;
-        for (const Child& child : node.children)
-        {
-            if (from < before + child.sum.count && child.sum.estimates > 0)
-            {
-                const std::int32_t found = EstimateIn(*child.node, std::max(from - before, 0));
-                if (found < child.sum.count)
-                    return before + found;
-            }
-            before += child.sum.count;
-        }
-        for (std::size_t i = std::size_t(from); i < node.heights.size(); ++i)
-        {
-            if (Unpacked(node.heights[i]).isEstimate)
-                return static_cast<std::int32_t>(i);
-        }
-        return before + static_cast<std::int32_t>(node.heights.size());
     }
 
     // Replacing leaves a node with too many or too few slots; whoever holds it mends that.

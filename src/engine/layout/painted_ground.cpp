@@ -8,10 +8,17 @@ namespace
 {
 
 constexpr std::size_t kBands = 64;
-constexpr int kDarkest = 62;     // luminance up to which a ground asks for light text, of 255
-constexpr int kLightText = 128;  // luminance from which a text is light
+// The luminance on which black and white text are about equally easy to read, of 1.
+constexpr double kDarkest = 0.18;
 
-int Luminance(const QColor& colour) { return (colour.red() * 76 + colour.green() * 151 + colour.blue() * 29) / 256; }
+// Near enough to the luminance of the colour as light.
+double Luminance(const QColor& colour)
+{
+    const auto light = [](double part) { return part * part; };
+    return 0.2126 * light(colour.redF()) + 0.7152 * light(colour.greenF()) + 0.0722 * light(colour.blueF());
+}
+
+bool IsDark(const QColor& colour) { return Luminance(colour) <= kDarkest; }
 
 }  // namespace
 
@@ -42,11 +49,10 @@ QColor PaintedGround::TextAt(QPointF point) const
                                     [&](std::uint32_t index) { return m_painted[index].rectangle.contains(point); });
     if (found == band.rend())
         return m_colours.text;
-    const bool wantsLight = Luminance(m_painted[*found].colour) <= kDarkest;
-    const bool isLight = Luminance(m_colours.text) >= kLightText;
-    if (wantsLight == isLight)
+    const bool isOnDark = IsDark(m_painted[*found].colour);
+    if (isOnDark != IsDark(m_colours.text))
         return m_colours.text;
-    return wantsLight ? Qt::white : Qt::black;
+    return isOnDark ? Qt::white : Qt::black;
 }
 
 }  // namespace quillmarker

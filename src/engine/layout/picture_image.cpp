@@ -36,7 +36,8 @@ class BitmapReading
 {
 public:
     BitmapReading(std::string_view bytes, BitmapFormat format)
-        : m_bytes(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))), m_buffer(&m_bytes),
+        : m_bytes(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))),
+          m_buffer(&m_bytes),
           m_reader(&m_buffer, kReaders[static_cast<std::size_t>(format)])
     {
         m_reader.setAutoDetectImageFormat(false);
@@ -62,7 +63,8 @@ private:
 
 QSizeF SizeIn(QSize pixels, QSizeF dotsPerInch)
 {
-    return {pixels.width() * kTwipsPerInch / dotsPerInch.width(), pixels.height() * kTwipsPerInch / dotsPerInch.height()};
+    return {pixels.width() * kTwipsPerInch / dotsPerInch.width(),
+            pixels.height() * kTwipsPerInch / dotsPerInch.height()};
 }
 
 bool IsMetafile(PictureKind kind) { return kind == PictureKind::Emf || kind == PictureKind::Wmf; }

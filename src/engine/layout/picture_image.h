@@ -18,7 +18,8 @@ QUILLMARKER_PAGES_EXPORT QSizeF ShownSize(const Picture& picture);
 constexpr qreal kMaxPictureTwips = 22 * 1440.0 * 10;
 
 /// The pixels of a bitmap picture (PNG, JPEG, GIF, BMP, DIB, DDB), whatever kind it claims to be; null when it cannot
-/// be read or would be larger than kMaxPicturePixels. Read anew each time: PaintPicture keeps what it decoded.
+/// be read, or would be larger than kMaxPicturePixels or than QImageReader's own limit allows. Read anew each time:
+/// PaintPicture keeps what it decoded.
 QUILLMARKER_PAGES_EXPORT QImage DecodeBitmap(const Picture& picture);
 
 constexpr qint64 kMaxPicturePixels = 64 * 1024 * 1024;

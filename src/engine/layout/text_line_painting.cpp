@@ -37,7 +37,7 @@ constexpr std::array kUnderlines = {
     UnderlineRow{Underline::LongDash, {.count = 1, .dashes = kLongDashes}},
     UnderlineRow{Underline::ThickLongDash, {.count = 1, .thickness = 2, .dashes = kLongDashes}},
     UnderlineRow{Underline::Wave, {.count = 1, .thickness = 0.75F, .shape = StrokeShape::Wave}},
-    UnderlineRow{Underline::HeavyWave, {.count = 1, .thickness = 1.5F, .shape = StrokeShape::Wave}},
+    UnderlineRow{Underline::HeavyWave, {.count = 1, .thickness = 1.25F, .shape = StrokeShape::Wave}},
     UnderlineRow{Underline::DoubleWave, {.count = 2, .thickness = 0.6F, .shape = StrokeShape::Wave}},
     UnderlineRow{Underline::Hairline, {.count = 1, .thickness = 0}},
 };
@@ -60,16 +60,20 @@ void PaintTextLine(const PaintSurface& surface, const TextLine& line, const QCol
     const auto kind = static_cast<std::size_t>(line.kind);
     if (kind >= kUnderlines.size())
         return;
+    const StrokeStyle& style = kUnderlines[kind].style;
     const QPointF from = surface.Mapped(line.from);
+    const qreal thickness = static_cast<qreal>(line.thickness) * surface.Scale();
+    // A wave reaches further up than a line; lower, it stays clear of the letters.
+    const qreal drop = style.shape == StrokeShape::Wave ? thickness : 0;
     const Stroke stroke = {
         .orientation = Qt::Horizontal,
         .begin = from.x(),
         .end = from.x() + static_cast<qreal>(line.length) * surface.Scale(),
-        .middle = from.y(),
-        .thickness = static_cast<qreal>(line.thickness) * surface.Scale(),
+        .middle = from.y() + drop,
+        .thickness = thickness,
         .colour = colour,
     };
-    PaintStroke(surface, stroke, kUnderlines[kind].style);
+    PaintStroke(surface, stroke, style);
 }
 
 }  // namespace quillmarker

@@ -59,6 +59,7 @@ Action SetLandscape;
 Action SetSectionLandscape;
 Action SetTitlePage;
 Action InfoEntry;
+Action EnterInfo;
 Action InfoNumber;
 Action InfoTime;
 Action InfoTimePart;

@@ -201,7 +201,7 @@ constexpr Keyword kKeywords[] = {
     {"i", CharFlag<&CharFormat::italic>},
     {"ilvl", SetListLevel},
     {"impr", CharFlag<&CharFormat::engrave>},
-    {"info", EnterAs<Destination::Info>},
+    {"info", EnterInfo},
     {"intbl", SetInTable},
     {"itap", SetTableDepth},
     {"jpegblip", PictureAs<PictureKind::Jpeg>},

@@ -114,9 +114,8 @@ QStringList DocumentMimeData::formats() const
     for (const char* name : RichTextTypes())
         names.append(Type(name));
     names.append(Type(kHtmlType));
-    names.append(Type(kTextType));
-    if (OnlyPicture(m_document, m_range))
-        names.append(Type(kImageType));
+    // A picture alone is no text: who knows no pictures would get a blank.
+    names.append(Type(OnlyPicture(m_document, m_range) ? kImageType : kTextType));
     return names;
 }
 

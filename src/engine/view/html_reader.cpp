@@ -1,5 +1,6 @@
 #include "html_reader.h"
 
+#include "html_alignment.h"
 #include "html_formats.h"
 #include "picture_exchange.h"
 
@@ -58,8 +59,7 @@ QByteArray BytesOfUri(const QString& uri)
 class HtmlWalk
 {
 public:
-    HtmlWalk(std::shared_ptr<FormatTable> formats, const CharFormat& base)
-        : m_formats(std::move(formats)), m_base(base), m_format(m_formats->Intern(base))
+    HtmlWalk(std::shared_ptr<FormatTable> formats, const CharFormat& base) : m_formats(std::move(formats)), m_base(base)
     {
     }
 
@@ -74,11 +74,10 @@ private:
     void ReadBlock(const QTextBlock& block, Mark mark);
     void ReadText(const QString& text, const QTextCharFormat& format);
     void ReadPicture(const QTextImageFormat& format, CharFormatId id);
-    void EndParagraph(Mark mark, const ParagraphFormat& format);
+    void EndParagraph(Mark kind, const ParagraphFormat& format, const CharFormat& markFormat);
 
     std::shared_ptr<FormatTable> m_formats;
     CharFormat m_base;
-    CharFormatId m_format;
     ParagraphBuilder m_builder;
     std::vector<ParagraphRef> m_paragraphs;
     std::uint16_t m_depth = 0;
@@ -95,7 +94,7 @@ std::optional<Document> HtmlWalk::Read(const QTextDocument& document)
         return std::nullopt;
     // A document does not end with a row.
     if (m_paragraphs.empty() || m_paragraphs.back()->Ending().kind != Mark::Break)
-        EndParagraph(Mark::Break, {});
+        EndParagraph(Mark::Break, {}, m_base);
     return Document(Body(std::make_shared<BodyContent>(BodyContent{ParagraphTree(m_paragraphs)})), m_formats, {});
 }
 
@@ -144,7 +143,7 @@ void HtmlWalk::ReadTable(const QTextTable& table)
         ParagraphMark mark;
         mark.kind = Mark::Row;
         mark.tableDepth = m_depth;
-        mark.charFormat = m_format;
+        mark.charFormat = m_formats->Intern(m_base);
         mark.format = m_formats->Intern(ParagraphFormat());
         m_paragraphs.push_back(m_builder.Finish(mark, Shared(std::move(layout)), {}));
     }
@@ -170,7 +169,7 @@ void HtmlWalk::ReadCell(const QTextTable& table, int row, int column, TableRow& 
     if (from.row() == row)
         ReadFrame(from.begin(), from.end(), Ending::Cell);
     else
-        EndParagraph(Mark::Cell, {});
+        EndParagraph(Mark::Cell, {}, m_base);
 }
 
 void HtmlWalk::ReadBlock(const QTextBlock& block, Mark mark)
@@ -180,7 +179,7 @@ void HtmlWalk::ReadBlock(const QTextBlock& block, Mark mark)
         const QTextFragment fragment = at.fragment();
         ReadText(fragment.text(), fragment.charFormat());
     }
-    EndParagraph(mark, ParagraphFormatOf(block));
+    EndParagraph(mark, ParagraphFormatOf(block), CharFormatOf(block.charFormat(), m_base));
 }
 
 void HtmlWalk::ReadText(const QString& text, const QTextCharFormat& format)
@@ -195,7 +194,6 @@ void HtmlWalk::ReadText(const QString& text, const QTextCharFormat& format)
         else if (unit >= u' ' || unit == u'\t')
             m_builder.Append(unit.unicode(), id);
     }
-    m_format = id;
 }
 
 void HtmlWalk::ReadPicture(const QTextImageFormat& format, CharFormatId id)
@@ -215,12 +213,12 @@ void HtmlWalk::ReadPicture(const QTextImageFormat& format, CharFormatId id)
     m_builder.Append(Shared<InlineObject>(std::move(*picture)), id);
 }
 
-void HtmlWalk::EndParagraph(Mark kind, const ParagraphFormat& format)
+void HtmlWalk::EndParagraph(Mark kind, const ParagraphFormat& format, const CharFormat& markFormat)
 {
     ParagraphMark mark;
     mark.kind = kind;
     mark.tableDepth = m_depth;
-    mark.charFormat = m_builder.IsEmpty() ? m_formats->Intern(m_base) : m_format;
+    mark.charFormat = m_formats->Intern(markFormat);
     mark.format = m_formats->Intern(format);
     m_paragraphs.push_back(m_builder.Finish(mark));
 }
@@ -232,7 +230,7 @@ std::optional<Document> ReadHtml(const QString& html, const RtfReading& reading)
     if (html.size() > kMaxHtmlUnits)
         return std::nullopt;
     ClosedTextDocument document;
-    document.setHtml(html);
+    document.setHtml(WithAlignAttributes(html));
     HtmlWalk walk(reading.formats ? reading.formats : std::make_shared<FormatTable>(), reading.defaultFormat);
     return walk.Read(document);
 }

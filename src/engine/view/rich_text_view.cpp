@@ -1,5 +1,6 @@
 #include <quillmarker/widgets/rich_text_view.h>
 
+#include "accessible_view.h"
 #include "view_state.h"
 
 #include <QEvent>
@@ -43,6 +44,7 @@ RichTextView::RichTextView(QWidget* parent) : QAbstractScrollArea(parent), m_sta
     viewport()->setMouseTracking(true);
     viewport()->setCursor(Qt::IBeamCursor);
     QScroller::grabGesture(viewport(), QScroller::TouchGesture);
+    MakeAccessible(*this);
 }
 
 RichTextView::~RichTextView()

@@ -1,6 +1,7 @@
 #include "text_change.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace quillmarker
@@ -11,21 +12,39 @@ namespace
 bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-/// The text of some neighbouring paragraphs of a document, unit by unit, where it lies.
-struct Stretch
+/// Where the text of some neighbouring paragraphs lies.
+TextRange RangeOf(const Document& document, std::int32_t first, std::int32_t count)
 {
-    const Document& document;
-    TextRange range;
+    return {document.StartOf(first), document.StartOf(first + count)};
+}
 
-    static Stretch Of(const Document& document, std::int32_t first, std::int32_t count)
-    {
-        const Position begin = document.StartOf(first);
-        const Position end = document.StartOf(first + count);
-        // Behind the last paragraph there is no mark, so that a stretch may begin at the end of the text.
-        return {document, {begin, std::max(begin, end)}};
-    }
-    std::u16string Text() const { return document.Text(range); }
+/// The same, from the end of the paragraph before.
+TextRange WithMarkBefore(const Document& document, TextRange range, std::int32_t first)
+{
+    const auto length = static_cast<std::int32_t>(document.ParagraphAt(first - 1).Text().size());
+    return {document.StartOf(first - 1) + length, range.end};
+}
+
+/// The text that a change takes and the text it brings.
+struct ChangedRanges
+{
+    TextRange before;
+    TextRange after;
 };
+
+ChangedRanges RangesOf(const Document& before, const Document& after, const DocumentChange& change)
+{
+    ChangedRanges ranges{RangeOf(before, change.oldFirst, change.oldCount),
+                         RangeOf(after, change.newFirst, change.newCount)};
+    // The mark of the last paragraph is no text: putting paragraphs behind it makes it one, taking them takes it.
+    const bool isAtEnd = change.oldFirst + change.oldCount == before.ParagraphCount();
+    if (isAtEnd && change.oldFirst > 0 && change.newFirst > 0 && (change.oldCount == 0 || change.newCount == 0))
+    {
+        ranges.before = WithMarkBefore(before, ranges.before, change.oldFirst);
+        ranges.after = WithMarkBefore(after, ranges.after, change.newFirst);
+    }
+    return ranges;
+}
 
 /// How many units two texts have in common at their start; not half a pair.
 std::size_t CommonStart(std::u16string_view a, std::u16string_view b)
@@ -50,6 +69,8 @@ std::size_t CommonEnd(std::u16string_view a, std::u16string_view b)
 
 TextChange Narrowed(Position at, std::u16string_view before, std::u16string_view after)
 {
+    if (before == after)
+        return {at, {}, {}};
     const std::size_t start = CommonStart(before, after);
     before.remove_prefix(start);
     after.remove_prefix(start);
@@ -88,11 +109,10 @@ TextChanges TextChangesBetween(const Document& before, const Document& after)
         std::optional<TextChange> within = WithinParagraph(before, after, change);
         if (!within)
         {
-            const Stretch old = Stretch::Of(before, change.oldFirst, change.oldCount);
-            const Stretch now = Stretch::Of(after, change.newFirst, change.newCount);
-            if (old.range.Length() > kMaxTextChange || now.range.Length() > kMaxTextChange)
+            const ChangedRanges ranges = RangesOf(before, after, change);
+            if (ranges.before.Length() > kMaxTextChange || ranges.after.Length() > kMaxTextChange)
                 return {{}, true};
-            within = Narrowed(now.range.begin, old.Text(), now.Text());
+            within = Narrowed(ranges.after.begin, before.Text(ranges.before), after.Text(ranges.after));
         }
         told += static_cast<std::int64_t>(within->removed.size() + within->inserted.size());
         if (told > kMaxTextChange)

@@ -25,8 +25,12 @@ Offsets CharacterAround(std::u16string_view text, std::int32_t at)
 
 Offsets WordAround(std::u16string_view text, std::int32_t at)
 {
-    const std::int32_t begin = PreviousWordStart(text, CharacterAround(text, at).end);
-    return {begin, NextWordStart(text, begin)};
+    std::int32_t begin = PreviousWordStart(text, CharacterAround(text, at).end);
+    std::int32_t end = NextWordStart(text, begin);
+    // Signs that combine with nothing are words only when one comes from before.
+    for (; end <= at; end = NextWordStart(text, begin))
+        begin = end;
+    return {begin, end};
 }
 
 /// A sentence that goes further than this in one direction is cut.

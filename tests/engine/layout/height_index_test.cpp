@@ -45,13 +45,6 @@ std::int32_t NaiveFind(const Heights& heights, Fine distance)
     return std::max(static_cast<std::int32_t>(heights.size()) - 1, 0);
 }
 
-std::int32_t NaiveEstimate(const Heights& heights, std::size_t from)
-{
-    while (from < heights.size() && !heights[from].isEstimate)
-        ++from;
-    return static_cast<std::int32_t>(std::min(from, heights.size()));
-}
-
 void ExpectSame(const TinyIndex& index, const Heights& heights)
 {
     ASSERT_EQ(index.Count(), static_cast<std::int32_t>(heights.size()));
@@ -60,7 +53,6 @@ void ExpectSame(const TinyIndex& index, const Heights& heights)
     {
         ASSERT_EQ(index.At(std::int32_t(i)), heights[i]) << "at " << i;
         ASSERT_EQ(index.Before(std::int32_t(i)), SumOf(heights, i)) << "before " << i;
-        ASSERT_EQ(index.FirstEstimate(std::int32_t(i)), NaiveEstimate(heights, i)) << "from " << i;
     }
     ASSERT_EQ(index.Before(index.Count()), index.Total());
     for (Fine distance = -2; distance < index.Total() + 3; ++distance)
@@ -114,7 +106,6 @@ TEST(HeightIndex, IsEmptyAtFirstAndAfterEverythingLeft)
     EXPECT_EQ(index.Count(), 0);
     EXPECT_EQ(index.Total(), 0);
     EXPECT_EQ(index.Find(5), 0);
-    EXPECT_EQ(index.FirstEstimate(0), 0);
     index.Assign(Heights(50, {3, false}));
     index.Replace(0, 50, {});
     EXPECT_EQ(index.Count(), 0);

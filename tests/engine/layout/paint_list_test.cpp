@@ -351,6 +351,22 @@ TEST(PaintList, AutomaticTextCanBeReadOnEveryGround)
     EXPECT_GT(CountOf(TextOn(navy, kBlue, paper), 0xFF0000FF), 80) << "a colour that was asked for is kept";
 }
 
+TEST(PaintList, AutomaticTextKnowsWhatAnotherListPaintedBehindIt)
+{
+    const auto fonts = SystemFonts();
+    DisplayList behind;
+    behind.Add(FilledRectangle{.rectangle = PixelRectangle(0, 0, 80, 40), .colour = Colour::Of(0, 0, 128)});
+    DisplayList list;
+    list.Add(RunOf(list, fonts->Face(FontRequest{.name = u"Liberation Sans"}), u"HHH", 450, PixelPoint(5, 33)));
+    QImage image(kSmall, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QPainter painter(&image);
+    Paint(painter, list, {}, 1 / kTwipsAPixel, {}, &behind);
+    painter.end();
+    EXPECT_GT(CountOf(image, kWhitePixel), 80);
+    EXPECT_EQ(image.pixel(0, 0), kRedPixel) << "it is not painted again";
+}
+
 TEST(PaintList, WhatCannotBeSeenIsNotPainted)
 {
     DisplayList list;

@@ -212,7 +212,7 @@ void Player::FillMapped(const Brush& brush, const QPainterPath& path, MixMode mi
 {
     if (brush.style == Qt::NoBrush)
         return;
-    QBrush painted(brush.colour, brush.style);
+    QBrush painted(brush.colour);
     const QTransform onScreen = QTransform::fromScale(m_canvas.PatternPixel(), m_canvas.PatternPixel());
     if (brush.style == Qt::TexturePattern)
     {
@@ -226,6 +226,7 @@ void Player::FillMapped(const Brush& brush, const QPainterPath& path, MixMode mi
     {
         if (m_state.isOpaque)
             m_canvas.Fill(path, m_state.background, mix);
+        painted.setStyle(brush.style);
         painted.setTransform(onScreen);
     }
     m_canvas.Fill(path, painted, mix);
