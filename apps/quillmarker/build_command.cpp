@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <thread>
 
 namespace quillmarker::tool
@@ -20,7 +21,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr const char* kFooter =
+constexpr const char* kData =
     R"(DATA.json is one object. It maps each marker, as it stands in the template, to what takes its place:
   "text"              text; a line end in it is a paragraph's end. Numbers and true, false are text as written
   {"text": "..."}     the same
@@ -35,6 +36,10 @@ filled too if it comes later.
 
 With --batch each line of DATA.jsonl is such an object and gives a report. In the output's name a key in braces
 stands for that key's text or number in the line, and {line} for the number of the line.
+
+)";
+
+constexpr const char* kCodesAndExamples = R"(
 
 Exit codes: 0 done; 1 something failed; 2 bad usage; 3 all was written, but a marker is not in the template.
 
@@ -150,7 +155,7 @@ Action AddBuildCommand(CLI::App& command)
                     "so many reports of a batch side by side; else one a processor, at least four")
         ->check(CLI::Range(1U, 1024U).description(""))
         ->type_name("N");
-    command.footer(kFooter);
+    command.footer(std::string(kData) + kLengthsHelp + kCodesAndExamples);
     return [options] { return Build(*options); };
 }
 

@@ -6,13 +6,18 @@
 #include <CLI/CLI.hpp>
 
 #include <memory>
+#include <string>
 
 namespace quillmarker::tool
 {
 namespace
 {
 
-constexpr const char* kFooter = R"(Reads leniently; writes plain 7-bit RTF, UTF-8 text, or pages as PDF or PNG.
+constexpr const char* kReading = R"(Reads leniently; writes plain 7-bit RTF, UTF-8 text, or pages as PDF or PNG.
+
+)";
+
+constexpr const char* kExamples = R"(
 
 Examples:
   quillmarker convert old.rtf clean.rtf
@@ -48,7 +53,7 @@ Action AddConvertCommand(CLI::App& command)
     command.add_option("OUT", options->output, "what to write: .rtf, .txt, .pdf or .png; - is standard output")
         ->required();
     AddOutputOptions(command, options->form);
-    command.footer(kFooter);
+    command.footer(std::string(kReading) + kLengthsHelp + kExamples);
     return [options] { return Convert(*options); };
 }
 

@@ -98,8 +98,7 @@ void AddPageOptions(CLI::App& command, PageOptions& options)
         ->type_name("PAPER");
     command
         .add_option("--margins", options.margins,
-                    "for PDF and PNG: all (2cm), or top and bottom,left and right (1in,20mm), or "
-                    "top,right,bottom,left; in mm, cm, in, pt or tw; else the document's own")
+                    "for PDF and PNG: one, two or four lengths (see below); else the document's own")
         ->type_name("LENGTHS");
     command.add_option("--page", options.page, "for PNG: which page; all: OUT-1.png, OUT-2.png, ...; else the first")
         ->type_name("N|all");

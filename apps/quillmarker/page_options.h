@@ -27,6 +27,12 @@ struct PageOptions
     std::string dotsPerInch;
 };
 
+/// What their help says about lengths.
+inline constexpr const char* kLengthsHelp =
+    R"(--margins takes one length for all sides, two (top and bottom, left and right), or four (top, right, bottom, left),
+in mm, cm, in, pt or tw (twips): --margins 2cm, --margins 1in,20mm. A paper with a name lies as the document's own does;
+others are width and height: --paper 210mmx99mm.)";
+
 /// Lets a command take them.
 void AddPageOptions(CLI::App& command, PageOptions& options);
 

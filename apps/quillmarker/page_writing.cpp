@@ -27,12 +27,6 @@ Result<bool> Outcome(const std::string& name, FileError error)
     return error == FileError::None ? Result<bool>(true) : FailureOf(name, error);
 }
 
-bool CanBeImage(const PaperSize& paper, double dotsPerInch)
-{
-    constexpr double kTwipsPerInch = 1440;
-    return std::max(paper.width, paper.height).value * dotsPerInch / kTwipsPerInch <= kMostImagePixels;
-}
-
 class Images
 {
 public:
@@ -85,6 +79,12 @@ Result<bool> WriteAsPdf(PagedDocument& pages, const std::string& name, const Pag
 }
 
 }  // namespace
+
+bool CanBeImage(const PaperSize& paper, double dotsPerInch)
+{
+    constexpr double kTwipsPerInch = 1440;
+    return std::max(paper.width, paper.height).value * dotsPerInch / kTwipsPerInch <= kMostImagePixels;
+}
 
 std::string NameOfPage(const std::string& name, int page)
 {

@@ -14,6 +14,9 @@ namespace quillmarker::tool
 Result<bool> WritePages(PagedDocument& pages, const std::string& name, const OutputForm& form,
                         const PageProgress& progress);
 
+/// Whether a page is not too large an image.
+bool CanBeImage(const PaperSize& paper, double dotsPerInch);
+
 /// "a.png" and 3: "a-3.png".
 std::string NameOfPage(const std::string& name, int page);
 

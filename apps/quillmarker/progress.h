@@ -14,7 +14,6 @@ struct Progress
     double seconds = 0;               // since the start
     std::optional<double> part = {};  // of the work, 0 to 1; empty: nobody knows how much there is
     const char* what = "reports";     // is counted
-};                                    // of the work, 0 to 1; empty: nobody knows how much there is
 };
 
 /// One line of at most `columns` characters: a bar, the part done, the count, how many a second, the time left.
