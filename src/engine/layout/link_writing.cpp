@@ -33,6 +33,7 @@ QString WithoutBrackets(const QUrl& url)
 QTextLayout::FormatRange AnchorFormat(const QUrl& url)
 {
     QTextLayout::FormatRange range;
+    range.start = 0;
     range.length = 1;
     range.format.setAnchor(true);
     range.format.setAnchorHref(WithoutBrackets(url));

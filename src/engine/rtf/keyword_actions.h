@@ -64,7 +64,10 @@ Action InfoNumber;
 Action InfoTime;
 Action InfoTimePart;
 
-// The head: fonts, lists.
+// The head: fonts, styles, lists.
+Action KeepInStyle;
+Action SetBaseStyle;
+Action SetNextStyle;
 Action SetAnsiPage;
 Action SetDefaultFontWord;
 Action SetDefaultLanguageWord;

@@ -159,7 +159,7 @@ TEST(FontShaping, ASupplementaryCharacterIsOneGlyphOfTwoUnits)
 
 TEST(FontShaping, CharactersThatNoFontHasShowABoxAndCrashNothing)
 {
-    for (const std::u16string& text : {u"\u0915\u094D\u0937\u093F", u"\U000F0000", u"\uFFFF", u"\xD800",
+    for (const std::u16string text : {u"\u0915\u094D\u0937\u093F", u"\U000F0000", u"\uFFFF", u"\xD800",
                                        u"\xDC00"
                                        u"a"})
     {

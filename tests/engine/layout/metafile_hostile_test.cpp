@@ -259,6 +259,28 @@ TEST(HostileMetafile, TransformsThatAreNoNumbersAreNotTaken)
     EXPECT_EQ(Play(builder.Rectangle(0, 0, 100, 100).Whole()).inked, 32 * 32);
 }
 
+// Qt's cache of glyphs wrote beyond its end. Letters that are shaped together are stretched to the width of their steps.
+TEST(HostileMetafile, TextOutOfAllProportionIsOnlyOddText)
+{
+    constexpr int kLetters = 20;
+    for (const int height : {-1, -2, -3, -4, -10, -30})
+    {
+        for (const int step : {100, 1000, 3000, 10000, 40000})
+        {
+            ByteWriter font;
+            font.U32(1).I32(height).I32(0).I32(0).I32(0).I32(400).U32(0).U32(0).U16('A').U16(0);
+            ByteWriter text;
+            text.U32(1).F32(1).F32(1).I32(0).I32(30).U32(kLetters).U32(76).U32(0);
+            text.I32(0).I32(0).I32(0).I32(0).U32(76 + 2 * kLetters);
+            for (int i = 0; i < kLetters; ++i)
+                text.U16(0x0627U + static_cast<std::uint32_t>(i));
+            for (int i = 0; i < kLetters; ++i)
+                text.I32(step);
+            EXPECT_TRUE(Play(EmfBuilder().Record(82, font).Longs(37, {1}).Drawing(84, text).Whole()).isPlayed);
+        }
+    }
+}
+
 TEST(HostileMetafile, NoiseBehindAHeaderDoesNoHarm)
 {
     std::mt19937 random(20240917);  // NOLINT: always the same noise

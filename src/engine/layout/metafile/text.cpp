@@ -161,12 +161,28 @@ Line LineOf(const TextRecord& record, const SetFont& set, qreal extra)
     return line;
 }
 
+/// True when a square becomes more than sixteen times as long as wide. Qt keeps pictures of glyphs, and makes ones of any
+/// length for such a transform.
+bool IsOutOfProportion(const QTransform& transform)
+{
+    const qreal squares = transform.m11() * transform.m11() + transform.m12() * transform.m12() +
+                          transform.m21() * transform.m21() + transform.m22() * transform.m22();
+    return !(squares <= 16 * std::abs(transform.determinant()));
+}
+
 void PaintStretched(QPainter& painter, const QString& text, QPointF place, qreal stretch)
 {
     painter.save();
     painter.translate(place);
     painter.scale(stretch, 1);
-    painter.drawText(QPointF(), text);
+    if (IsOutOfProportion(painter.combinedTransform()))
+    {
+        QPainterPath outline;
+        outline.addText(QPointF(), painter.font(), text);
+        painter.fillPath(outline, painter.pen().color());
+    }
+    else
+        painter.drawText(QPointF(), text);
     painter.restore();
 }
 

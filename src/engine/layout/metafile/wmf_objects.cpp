@@ -4,6 +4,7 @@
 
 #include "engine/rtf/code_page.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quillmarker::metafile
