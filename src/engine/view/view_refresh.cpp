@@ -78,8 +78,12 @@ ShownLines RichTextView::State::LinesNow()
             if (entry.top > bottom)
                 break;
             const std::uint32_t end = i + 1 == count ? static_cast<std::uint32_t>(length) : line.end;
-            entry.selectedFrom = std::clamp(from, line.begin, end) - line.begin;
-            entry.selectedTo = std::clamp(to, line.begin, end) - line.begin;
+            if (const auto begin = std::clamp(from, line.begin, end), behind = std::clamp(to, line.begin, end);
+                begin < behind)
+            {
+                entry.selectedFrom = begin - line.begin;
+                entry.selectedTo = behind - line.begin;
+            }
             entry.look = LookOf(layout, i);
             lines.Add(entry);
         }

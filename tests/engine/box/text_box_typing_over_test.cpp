@@ -29,7 +29,7 @@ TEST(TypingOver, ElsewhereLooksLikeWhatItReplaces)
 {
     SampleBox box("one <b>two</b> three|");
     EXPECT_TRUE(box.TypeOver(Between(4, 7), u"2"));
-    EXPECT_EQ(Dump(box), "one <b>2|</b> three");
+    EXPECT_EQ(Dump(box), "one <b>2</b>| three");
 }
 
 TEST(TypingOver, TakesALineEndAsAWhole)

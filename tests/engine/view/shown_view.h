@@ -33,12 +33,8 @@ public:
         QCoreApplication::processEvents();
     }
 
-    void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(this, static_cast<Qt::Key>(key), modifiers);
-    }
-    void Press(int key, int times) { Press(key, Qt::NoModifier, times); }
-    void Press(int key, Qt::KeyboardModifiers modifiers, int times)
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { QTest::keyClick(this, key, modifiers); }
+    void PressTimes(int times, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         for (int i = 0; i < times; ++i)
             Press(key, modifiers);

@@ -27,7 +27,7 @@ TEST(CaretKeys, GoByCharacterWordAndLine)
 TEST(CaretKeys, WithShiftTheySelectFromTheAnchor)
 {
     ShownView view("one two|");
-    view.Press(Qt::Key_Left, Qt::ShiftModifier, 3);
+    view.PressTimes(3, Qt::Key_Left, Qt::ShiftModifier);
     EXPECT_EQ(Dump(view), "one |two^");
     view.Press(Qt::Key_Left, Qt::ShiftModifier | Qt::ControlModifier);
     EXPECT_EQ(Dump(view), "|one two^");
@@ -40,7 +40,7 @@ TEST(CaretKeys, AStepOutOfASelectionGoesToItsEnd)
     ShownView view("one ^two| three");
     view.Press(Qt::Key_Left);
     EXPECT_EQ(Dump(view), "one |two three");
-    view.Press(Qt::Key_Right, Qt::ShiftModifier, 3);
+    view.PressTimes(3, Qt::Key_Right, Qt::ShiftModifier);
     view.Press(Qt::Key_Right);
     EXPECT_EQ(Dump(view), "one two| three");
 }
@@ -52,7 +52,7 @@ TEST(CaretKeys, UpAndDownKeepTheColumn)
     EXPECT_EQ(Dump(view), "mmmmmm\nm|\nmmmmmm");
     view.Press(Qt::Key_Down);
     EXPECT_EQ(Dump(view), "mmmmmm\nm\nmmmm|mm");
-    view.Press(Qt::Key_Up, 2);
+    view.PressTimes(2, Qt::Key_Up);
     EXPECT_EQ(Dump(view), "mmmm|mm\nm\nmmmmmm");
 }
 
@@ -80,12 +80,12 @@ TEST(CaretKeys, PagesScrollAndComeBack)
     for (int i = 1; i < 200; ++i)
         lines += "\n" + std::to_string(i);
     ShownView view(lines);
-    view.Press(Qt::Key_PageDown, 3);
+    view.PressTimes(3, Qt::Key_PageDown);
     const int down = view.CaretOffset();
     EXPECT_GT(down, 100);
     QCoreApplication::processEvents();
     EXPECT_TRUE(view.viewport()->rect().contains(view.CaretRectangle()));
-    view.Press(Qt::Key_PageUp, 3);
+    view.PressTimes(3, Qt::Key_PageUp);
     EXPECT_EQ(view.CaretOffset(), 0);
 }
 

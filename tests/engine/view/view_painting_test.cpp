@@ -1,0 +1,253 @@
+#include "shown_view.h"
+
+#include "engine/view/paint_lock.h"
+
+#include <QBackingStore>
+#include <QPaintEvent>
+#include <QPalette>
+#include <QScreen>
+
+namespace quillmarker
+{
+namespace
+{
+
+/// Notes which parts of a viewport are painted.
+class PaintSpy : public QObject
+{
+public:
+    explicit PaintSpy(QWidget& widget) { widget.installEventFilter(this); }
+
+    QRegion Take() { return std::exchange(m_painted, QRegion()); }
+    int Times() const { return m_times; }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+        {
+            ++m_times;
+            m_painted += static_cast<QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+
+private:
+    QRegion m_painted;
+    int m_times = 0;
+};
+
+void Settle(RichTextView& view)
+{
+    for (int i = 0; i < 3; ++i)
+        QCoreApplication::processEvents();
+    view.viewport()->repaint(QRect());
+    QCoreApplication::processEvents();
+}
+
+QPalette Colours(QColor base, QColor text, QColor highlight, QColor highlighted)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::Highlight, highlight);
+    palette.setColor(QPalette::HighlightedText, highlighted);
+    return palette;
+}
+
+class Flashing
+{
+public:
+    explicit Flashing(int milliseconds) : m_before(QApplication::cursorFlashTime())
+    {
+        QApplication::setCursorFlashTime(milliseconds);
+    }
+    ~Flashing() { QApplication::setCursorFlashTime(m_before); }
+    Flashing(const Flashing&) = delete;
+    Flashing& operator=(const Flashing&) = delete;
+
+private:
+    int m_before;
+};
+
+TEST(Painting, TextBeginsFortyFiveTwipsFromTheLeftEdge)
+{
+    ShownView view("|H");
+    EXPECT_NEAR(view.CharacterRectangle(0).left(), 45 * view.PixelsPerTwip(), 1);
+    view.SetZoom(400);
+    EXPECT_NEAR(view.CharacterRectangle(0).left(), 45 * view.PixelsPerTwip(), 1);
+    EXPECT_NEAR(view.PixelsPerTwip(), view.logicalDpiY() * 4.0 / 1440, 1e-9);
+}
+
+TEST(Painting, AutomaticColoursFollowThePalette)
+{
+    ShownView view("some text|");
+    view.setPalette(Colours(Qt::black, Qt::white, Qt::blue, Qt::yellow));
+    Settle(view);
+    const QImage dark = view.Picture();
+    EXPECT_GT(CountOf(dark, Qt::white), 20);
+    EXPECT_EQ(dark.pixelColor(390, 290), QColor(Qt::black));
+    view.setPalette(Colours(Qt::white, Qt::black, Qt::blue, Qt::yellow));
+    const QImage light = view.Picture();
+    EXPECT_GT(CountOf(light, Qt::black), 20);
+    EXPECT_EQ(light.pixelColor(390, 290), QColor(Qt::white));
+}
+
+TEST(Painting, AChosenBackgroundKeepsItsTextReadable)
+{
+    ShownView view("some text|");
+    view.setPalette(Colours(Qt::white, Qt::black, Qt::blue, Qt::yellow));
+    view.SetBackColor(QColor(0, 0, 80));
+    const QImage image = view.Picture();
+    EXPECT_EQ(image.pixelColor(390, 290), QColor(0, 0, 80));
+    EXPECT_GT(CountOf(image, Qt::white), 20);
+    view.SetBackColor(QColor());
+    EXPECT_EQ(view.Picture().pixelColor(390, 290), QColor(Qt::white));
+}
+
+TEST(Painting, TheSelectionIsInThePalettesColours)
+{
+    ShownView view("one ^two| three");
+    view.setPalette(Colours(Qt::white, Qt::black, Qt::blue, Qt::yellow));
+    const QImage image = view.Picture();
+    const QRect word = view.CharacterRectangle(4).united(view.CharacterRectangle(6));
+    EXPECT_GT(CountOf(image, Qt::blue, word), word.width() * word.height() / 3);
+    EXPECT_GT(CountOf(image, Qt::yellow, word), 0);
+    EXPECT_EQ(CountOf(image, Qt::black, word.adjusted(2, 0, -2, 0)), 0);
+    const QRect before = view.CharacterRectangle(0).united(view.CharacterRectangle(2));
+    EXPECT_EQ(CountOf(image, Qt::blue, before), 0);
+    EXPECT_LT(CountOf(image, Qt::white, before), before.width() * before.height() - 10);
+}
+
+TEST(Painting, TheSelectionWithoutFocusIsInTheInactiveColour)
+{
+    ShownView view("one ^two| three");
+    QPalette palette = Colours(Qt::white, Qt::black, Qt::blue, Qt::yellow);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, Qt::gray);
+    view.setPalette(palette);
+    const QRect word = view.CharacterRectangle(4).united(view.CharacterRectangle(6));
+    EXPECT_GT(CountOf(view.Picture(), Qt::blue, word), 20);
+    view.clearFocus();
+    EXPECT_EQ(CountOf(view.Picture(), Qt::blue, word), 0);
+    EXPECT_GT(CountOf(view.Picture(), Qt::gray, word), 20);
+}
+
+TEST(Painting, TheCaretIsSeenWithTheFocusOnly)
+{
+    const Flashing steady(0);
+    ShownView view("|");
+    const QRect caret = view.CaretRectangle();
+    EXPECT_GT(caret.height(), 8);
+    EXPECT_EQ(CountOf(view.Picture(), view.palette().color(QPalette::Text)), caret.width() * caret.height());
+    view.clearFocus();
+    EXPECT_EQ(CountOf(view.Picture(), view.palette().color(QPalette::Text)), 0);
+}
+
+TEST(Painting, ABlinkPaintsTheCaretAndNothingElse)
+{
+    const Flashing quick(40);
+    ShownView view("one two|");
+    Settle(view);
+    PaintSpy spy(*view.viewport());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return spy.Times() >= 2; }));
+    const QRect painted = spy.Take().boundingRect();
+    EXPECT_TRUE(view.CaretRectangle().adjusted(-6, -2, 6, 2).contains(painted));
+    EXPECT_FALSE(painted.isEmpty());
+}
+
+TEST(Painting, AKeyPaintsItsLineOnly)
+{
+    const Flashing steady(0);
+    ShownView view("one\ntwo\nthr|ee\nfour\nfive");
+    Settle(view);
+    PaintSpy spy(*view.viewport());
+    view.Type("x");
+    Settle(view);
+    const QRegion painted = spy.Take();
+    EXPECT_TRUE(painted.contains(view.MiddleOf(13)));
+    EXPECT_FALSE(painted.contains(view.MiddleOf(0)));
+    EXPECT_FALSE(painted.contains(view.MiddleOf(24)));
+}
+
+TEST(Painting, AMoveOfTheCaretPaintsTheCaretOnly)
+{
+    const Flashing steady(0);
+    ShownView view("one two three|\nfour");
+    Settle(view);
+    PaintSpy spy(*view.viewport());
+    view.Press(Qt::Key_Home);
+    Settle(view);
+    const QRegion painted = spy.Take();
+    EXPECT_TRUE(painted.contains(view.CaretRectangle().center()));
+    EXPECT_FALSE(painted.contains(view.MiddleOf(6)));
+    EXPECT_FALSE(painted.contains(view.MiddleOf(16)));
+}
+
+TEST(Painting, WhatIsPaintedInPartsIsWhatIsPaintedAtOnce)
+{
+    const Flashing steady(0);
+    ShownView view("one two three four\nfive six\nseven|", {200, 150});
+    Settle(view);
+    const QStringList words{QStringLiteral("alpha "), QStringLiteral("\n"), QStringLiteral("g"), QStringLiteral("y ")};
+    for (int i = 0; i < 24; ++i)
+    {
+        if (i % 5 == 4)
+            view.PressTimes(3, Qt::Key_Left, i % 2 == 0 ? Qt::ShiftModifier : Qt::NoModifier);
+        else if (i % 7 == 6)
+            view.Press(Qt::Key_Home, Qt::ControlModifier);
+        else
+            view.Box().Type(words[i % 4].toStdU16String());
+        Settle(view);
+        // What stands in the window now, against a picture made of everything anew.
+        const QImage inParts = view.window()->backingStore() ? view.screen()->grabWindow(view.winId()).toImage() : QImage();
+        if (inParts.isNull())
+            GTEST_SKIP() << "this platform shows no windows";
+        const QImage atOnce = view.grab().toImage();
+        ASSERT_EQ(inParts.convertToFormat(QImage::Format_RGB32), atOnce.convertToFormat(QImage::Format_RGB32)) << i;
+    }
+}
+
+TEST(ThePaintingLock, StopsLayoutAndPaintingUntilItIsLetGo)
+{
+    const Flashing steady(0);
+    ShownView view("one|");
+    Settle(view);
+    PaintSpy spy(*view.viewport());
+    ASSERT_TRUE(PaintLock::OfTheProcess().Lock(view));
+    for (int i = 0; i < 50; ++i)
+        view.Box().SetSelText(u"line\n");
+    view.SetSelBold(true);
+    Settle(view);
+    EXPECT_EQ(spy.Times(), 0);
+    PaintLock::OfTheProcess().Unlock();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(spy.Times(), 1);
+    EXPECT_TRUE(view.viewport()->rect().contains(view.CaretRectangle()));
+}
+
+TEST(Painting, OverwritingShowsABlock)
+{
+    const Flashing steady(0);
+    ShownView view("|mmm");
+    const QRect letter = view.CharacterRectangle(0);
+    const QImage before = view.Picture();
+    view.SetOverwrites(true);
+    const QImage after = view.Picture();
+    EXPECT_EQ(before.pixelColor(letter.right() - 1, letter.top() + 1), view.palette().color(QPalette::Base));
+    EXPECT_NE(after.pixelColor(letter.right() - 1, letter.top() + 1), view.palette().color(QPalette::Base));
+}
+
+TEST(Zooming, MakesEverythingLarger)
+{
+    ShownView view("text|");
+    const QRect before = view.CharacterRectangle(0);
+    view.SetZoom(200);
+    const QRect after = view.CharacterRectangle(0);
+    EXPECT_NEAR(after.height(), 2 * before.height(), 2);
+    EXPECT_NEAR(after.width(), 2 * before.width(), 2);
+    EXPECT_EQ(view.property("Zoom").toInt(), 200);
+    view.SetText(QStringLiteral("other"));
+    EXPECT_EQ(view.Zoom(), 200);
+}
+
+}  // namespace
+}  // namespace quillmarker
