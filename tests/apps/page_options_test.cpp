@@ -65,7 +65,7 @@ TEST(Setups, TakeWishedMarginsThatLeaveRoom)
     wishes.margins = ParseMargins("1in,2in");
     EXPECT_EQ(SetupFor(document, wishes)->left, Twips{2880});
     EXPECT_EQ(SetupFor(document, wishes)->bottom, Twips{1440});
-    wishes.margins = ParseMargins("1in,4in");
+    wishes.margins = ParseMargins("1in,5in");
     EXPECT_FALSE(SetupFor(document, wishes));
 }
 

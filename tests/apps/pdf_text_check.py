@@ -85,9 +85,6 @@ SIGN_OF = {
 # Fonts that have a ligature twice name it by its place among their own characters.
 NAMED_OTHERWISE = {"\uf001": "fi", "\uf002": "fl"}
 
-# Becomes two characters in its compatibility form, which the sign it is drawn for is not.
-DOUBLE_PRIME = str.maketrans("\u2033", "\u2032")
-
 
 @functools.cache
 def drawable():
@@ -106,9 +103,15 @@ def is_sign(character):
     return 0xF021 <= ord(character) <= 0xF0FF
 
 
+def compatible(character):
+    """A shape's letters, or the letter that looks the same; signs that are more than one letter stay themselves."""
+    plain = unicodedata.normalize("NFKC", character)
+    return plain if len(plain) == 1 or "\ufb00" <= character <= "\ufeff" else character
+
+
 def comparable(text):
     kept = "".join(c for c in text if c == SOFT_HYPHEN or unicodedata.category(c) not in ("Cf", "Cc", "Zs", "Zl", "Zp"))
-    return unicodedata.normalize("NFKC", kept.translate(DOUBLE_PRIME))
+    return unicodedata.normalize("NFC", "".join(map(compatible, kept)))
 
 
 def what_should_be_drawn(text):
