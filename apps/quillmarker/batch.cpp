@@ -4,6 +4,7 @@
 #include "command.h"
 #include "files.h"
 #include "fill.h"
+#include "graphics.h"
 #include "interruption.h"
 #include "line_queue.h"
 #include "name_claims.h"
@@ -11,6 +12,7 @@
 
 #include <exception>
 #include <istream>
+#include <memory>
 #include <thread>
 
 namespace quillmarker::tool
@@ -21,7 +23,6 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr std::size_t kLinesAhead = 4;  // waiting for each job
-constexpr int kEndedBySignal = 128;     // and the signal's number, as shells count
 
 /// What a file holds; a stream does not know.
 std::optional<std::uintmax_t> SizeOf(const std::string& name)
@@ -142,7 +143,7 @@ private:
             return Failure{filling.error};
         if (auto folder = MakeFolderFor(name); !folder)
             return folder;
-        auto written = WriteDocument(report.Box().Value(), name, m_batch.kind);
+        auto written = WriteOutput(report.Box().Value(), name, m_batch.form);
         if (written && !m_batch.allowMissing)
         {
             std::erase_if(filling.missing, [&](const std::string& marker) { return m_batch.output.Uses(marker); });
@@ -169,6 +170,7 @@ int RunBatch(const Batch& batch, const Document& source)
         Complain(input.Message());
         return kFailed;
     }
+    const auto graphics = IsOnPages(batch.form.kind) ? std::make_unique<Graphics>() : nullptr;
     return Run(batch, source).Make(**input);
 }
 

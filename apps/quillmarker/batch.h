@@ -1,9 +1,9 @@
 #pragma once
 
+#include "output.h"
 #include "output_name.h"
 
 #include <quillmarker/document.h>
-#include <quillmarker/text_box.h>
 
 #include <filesystem>
 #include <string>
@@ -17,7 +17,7 @@ struct Batch
     std::string data;              // the name of the file, or that of standard input
     std::filesystem::path folder;  // names of files in the data are relative to it
     OutputName output;
-    FileKind kind = FileKind::Rtf;
+    OutputForm form;
     unsigned jobs = 1;  // as many reports are made side by side
     bool allowMissing = false;
 };

@@ -3,29 +3,12 @@
 #include "progress.h"
 #include "standard_streams.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <cstdio>
 
 namespace quillmarker::tool
 {
 namespace
 {
-
-using namespace std::chrono_literals;
-
-constexpr auto kBetweenDrawings = 100ms;
-constexpr int kUsualColumns = 80;
-constexpr std::string_view kEraseLine = "\r\x1b[K";
-
-/// One less than the terminal has: some begin a new line when the last column is written.
-int Columns()
-{
-    winsize size{};
-    const bool known = ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return (known ? size.ws_col : kUsualColumns) - 1;
-}
 
 std::string Count(std::int64_t count, const char* one, const char* many)
 {
@@ -35,7 +18,7 @@ std::string Count(std::int64_t count, const char* one, const char* many)
 }  // namespace
 
 BatchLog::BatchLog(std::string source, std::optional<std::uintmax_t> bytes)
-    : m_source(std::move(source)), m_bytes(bytes), m_isTerminal(::isatty(STDERR_FILENO) == 1)
+    : m_source(std::move(source)), m_bytes(bytes)
 {
 }
 
@@ -48,7 +31,7 @@ void BatchLog::Done(std::size_t bytes)
 void BatchLog::Failed(std::size_t bytes, const std::string& message)
 {
     const std::scoped_lock lock(m_mutex);
-    Erase();
+    m_line.Erase();
     Complain(message);
     ++m_failed;
     Advance(bytes);
@@ -68,7 +51,7 @@ void BatchLog::Missing(std::int64_t line, const std::vector<std::string>& marker
 void BatchLog::Finish()
 {
     const std::scoped_lock lock(m_mutex);
-    Erase();
+    m_line.Erase();
     for (const auto& [name, marker] : m_missing)
         Complain(m_source + ":" + std::to_string(marker.first) + ": marker \"" + name + "\" is not in the template" +
                  (marker.lines == 1 ? "" : " (" + std::to_string(marker.lines) + " lines, this is the first)"));
@@ -81,7 +64,7 @@ void BatchLog::Advance(std::size_t bytes)
 {
     ++m_done;
     m_bytesDone += bytes;
-    if (m_isTerminal && std::chrono::steady_clock::now() - m_drawn >= kBetweenDrawings)
+    if (m_line.IsDue())
         Draw();
 }
 
@@ -90,16 +73,7 @@ void BatchLog::Draw()
     Progress progress{m_done, Seconds(), {}};
     if (m_bytes && *m_bytes > 0)
         progress.part = static_cast<double>(m_bytesDone) / static_cast<double>(*m_bytes);
-    WriteToTerminal(std::string(kEraseLine) + ProgressLine(progress, Columns()));
-    m_drawn = std::chrono::steady_clock::now();
-    m_isShown = true;
-}
-
-void BatchLog::Erase()
-{
-    if (m_isShown)
-        WriteToTerminal(kEraseLine);
-    m_isShown = false;
+    m_line.Draw(ProgressLine(progress, TerminalLine::Columns()));
 }
 
 double BatchLog::Seconds() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report_data.h"
+#include "terminal_line.h"
 
 #include <chrono>
 #include <cstdint>
@@ -43,7 +44,6 @@ private:
 
     void Advance(std::size_t bytes);
     void Draw();
-    void Erase();
     double Seconds() const;
 
     std::string m_source;
@@ -54,9 +54,7 @@ private:
     std::uintmax_t m_bytesDone = 0;
     std::map<std::string, MissingMarker> m_missing;
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
-    std::chrono::steady_clock::time_point m_drawn{};
-    bool m_isTerminal;
-    bool m_isShown = false;
+    TerminalLine m_line;
 };
 
 }  // namespace quillmarker::tool

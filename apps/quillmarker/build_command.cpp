@@ -3,6 +3,7 @@
 #include "files.h"
 #include "fill.h"
 #include "output_name.h"
+#include "output_options.h"
 #include "standard_streams.h"
 
 #include <CLI/CLI.hpp>
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <thread>
 
 namespace quillmarker::tool
@@ -19,7 +21,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr const char* kFooter =
+constexpr const char* kData =
     R"(DATA.json is one object. It maps each marker, as it stands in the template, to what takes its place:
   "text"              text; a line end in it is a paragraph's end. Numbers and true, false are text as written
   {"text": "..."}     the same
@@ -35,10 +37,15 @@ filled too if it comes later.
 With --batch each line of DATA.jsonl is such an object and gives a report. In the output's name a key in braces
 stands for that key's text or number in the line, and {line} for the number of the line.
 
+)";
+
+constexpr const char* kCodesAndExamples = R"(
+
 Exit codes: 0 done; 1 something failed; 2 bad usage; 3 all was written, but a marker is not in the template.
 
 Examples:
   quillmarker build template.rtf data.json -o report.rtf
+  quillmarker build template.rtf data.json -o report.pdf --paper A4
   quillmarker build template.rtf - -o - --format txt < data.json
   quillmarker build --batch patients.jsonl template.rtf -o 'out/{id}.rtf')";
 
@@ -50,7 +57,7 @@ struct Options
     std::string data;
     std::string batch;
     std::string output;
-    std::string format;
+    OutputOptions form;
     bool allowMissing = false;
     // At least four: a report waits for the disk too.
     unsigned jobs = std::max(std::thread::hardware_concurrency(), 4U);
@@ -90,7 +97,7 @@ int ReportMissing(const std::vector<std::string>& missing, const Options& option
     return kMissing;
 }
 
-int BuildOne(const Options& options, const Document& source, FileKind kind)
+int BuildOne(const Options& options, const Document& source, const OutputForm& form)
 {
     const auto json = ReadInput(options.data);
     if (!json)
@@ -103,18 +110,20 @@ int BuildOne(const Options& options, const Document& source, FileKind kind)
     const Filling filling = Fill(report, *data, FolderOf(options.data));
     if (!filling.error.empty())
         return Fail(Shown(options.data) + ": " + filling.error);
-    const auto written = WriteDocument(report.Box().Value(), options.output, kind);
-    return written ? ReportMissing(filling.missing, options) : Fail(written.Message());
+    const int code = WriteOnlyOutput(report.Box().Value(), options.output, form);
+    return code == kDone ? ReportMissing(filling.missing, options) : code;
 }
 
 int Build(const Options& options)
 {
     if (const std::string contradiction = Contradiction(options); !contradiction.empty())
         return RefuseUsage(kCommand, contradiction);
-    const auto kind = OutputKind(options.output, options.format);
-    if (!kind)
-        return RefuseUsage(kCommand, kind.Message());
+    const auto form = OutputFormOf(options.output, options.form);
+    if (!form)
+        return RefuseUsage(kCommand, form.Message());
     const bool isBatch = !options.batch.empty();
+    if (isBatch && form->kind == OutputKind::Png && !form->pages.page)
+        return RefuseUsage(kCommand, "a batch makes an image of one page of each report: say --page and its number");
     const auto name = isBatch ? OutputName::Parse(options.output) : Result<OutputName>(OutputName());
     if (!name)
         return RefuseUsage(kCommand, name.Message());
@@ -122,8 +131,8 @@ int Build(const Options& options)
     if (!source)
         return Fail(source.Message());
     if (!isBatch)
-        return BuildOne(options, *source, *kind);
-    const Batch batch{options.batch, FolderOf(options.batch), *name, *kind, options.jobs, options.allowMissing};
+        return BuildOne(options, *source, *form);
+    const Batch batch{options.batch, FolderOf(options.batch), *name, *form, options.jobs, options.allowMissing};
     return RunBatch(batch, *source);
 }
 
@@ -134,12 +143,10 @@ Action AddBuildCommand(CLI::App& command)
     const auto options = std::make_shared<Options>();
     command.add_option("TEMPLATE", options->source, "the RTF file with the markers; - is standard input")->required();
     command.add_option("DATA", options->data, "the JSON file with what takes their place; - is standard input");
-    command.add_option("-o,--output", options->output, "the report: .rtf or .txt; - is standard output")
+    command.add_option("-o,--output", options->output, "the report: .rtf, .txt, .pdf or .png; - is standard output")
         ->required()
         ->type_name("OUT");
-    command.add_option("--format", options->format, "what to write, whatever the output is called")
-        ->check(CLI::IsMember({"rtf", "txt"}).description(""))
-        ->type_name("rtf|txt");
+    AddOutputOptions(command, options->form);
     command.add_flag("--allow-missing", options->allowMissing, "do not mind markers that are not in the template");
     command.add_option("--batch", options->batch, "make a report of each line of a file; - is standard input")
         ->type_name("DATA.jsonl");
@@ -148,7 +155,7 @@ Action AddBuildCommand(CLI::App& command)
                     "so many reports of a batch side by side; else one a processor, at least four")
         ->check(CLI::Range(1U, 1024U).description(""))
         ->type_name("N");
-    command.footer(kFooter);
+    command.footer(std::string(kData) + kLengthsHelp + kCodesAndExamples);
     return [options] { return Build(*options); };
 }
 

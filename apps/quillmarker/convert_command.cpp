@@ -1,33 +1,46 @@
 #include "command.h"
 #include "files.h"
+#include "output_options.h"
 #include "standard_streams.h"
 
 #include <CLI/CLI.hpp>
 
 #include <memory>
+#include <string>
 
 namespace quillmarker::tool
 {
 namespace
 {
 
+constexpr const char* kReading = R"(Reads leniently; writes plain 7-bit RTF, UTF-8 text, or pages as PDF or PNG.
+
+)";
+
+constexpr const char* kExamples = R"(
+
+Examples:
+  quillmarker convert old.rtf clean.rtf
+  quillmarker convert report.rtf report.pdf
+  quillmarker convert --paper A4 --margins 2cm report.rtf report.pdf
+  quillmarker convert --page all --dpi 150 report.rtf report.png)";
+
 struct Options
 {
     std::string input;
     std::string output;
-    std::string format;
+    OutputOptions form;
 };
 
 int Convert(const Options& options)
 {
-    const auto kind = OutputKind(options.output, options.format);
-    if (!kind)
-        return RefuseUsage("quillmarker convert", kind.Message());
+    const auto form = OutputFormOf(options.output, options.form);
+    if (!form)
+        return RefuseUsage("quillmarker convert", form.Message());
     const auto document = ReadDocument(options.input);
-    const auto written = document ? WriteDocument(*document, options.output, *kind) : Failure{document.Message()};
-    if (written)
-        return kDone;
-    Complain(written.Message());
+    if (document)
+        return WriteOnlyOutput(*document, options.output, *form);
+    Complain(document.Message());
     return kFailed;
 }
 
@@ -37,12 +50,10 @@ Action AddConvertCommand(CLI::App& command)
 {
     const auto options = std::make_shared<Options>();
     command.add_option("IN", options->input, "the RTF or text file; - is standard input")->required();
-    command.add_option("OUT", options->output, "what to write: .rtf or .txt; - is standard output")->required();
-    command.add_option("--format", options->format, "what to write, whatever the output is called")
-        ->check(CLI::IsMember({"rtf", "txt"}).description(""))
-        ->type_name("rtf|txt");
-    command.footer("Reads leniently, writes plain 7-bit RTF, or UTF-8 text.\n\n"
-                   "Examples:\n  quillmarker convert old.rtf clean.rtf\n  quillmarker convert report.rtf report.txt");
+    command.add_option("OUT", options->output, "what to write: .rtf, .txt, .pdf or .png; - is standard output")
+        ->required();
+    AddOutputOptions(command, options->form);
+    command.footer(std::string(kReading) + kLengthsHelp + kExamples);
     return [options] { return Convert(*options); };
 }
 

@@ -24,17 +24,6 @@ namespace
 
 namespace fs = std::filesystem;
 
-struct KindName
-{
-    std::string_view extension;
-    FileKind kind;
-};
-
-constexpr KindName kKinds[] = {
-    {".rtf", FileKind::Rtf},
-    {".txt", FileKind::Text},
-};
-
 struct SystemError
 {
     int code;
@@ -51,17 +40,6 @@ FileError ErrorOf(int code)
 {
     const auto* const found = std::ranges::find(kSystemErrors, code, &SystemError::code);
     return found == std::end(kSystemErrors) ? FileError::PathFileAccess : found->error;
-}
-
-Failure FailureOf(const std::string& name, FileError error, const char* stream = "standard input")
-{
-    return {Shown(name, stream) + ": " + Describe(error)};
-}
-
-std::string LowerCase(std::string text)
-{
-    std::ranges::transform(text, text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
-    return text;
 }
 
 std::string BytesOf(const Document& document, FileKind kind)
@@ -92,6 +70,11 @@ std::string AllBytes(std::istream& input, std::size_t expected)
 }
 
 }  // namespace
+
+Failure FailureOf(const std::string& name, FileError error, const char* stream)
+{
+    return {Shown(name, stream) + ": " + Describe(error)};
+}
 
 std::string Shown(const std::string& name, const char* stream) { return name == kStandardStream ? stream : name; }
 
@@ -153,18 +136,6 @@ Result<bool> WriteDocument(const Document& document, const std::string& name, Fi
     box.OpenValue(document);
     const FileError error = box.SaveFile(name, kind);
     return error == FileError::None ? Result<bool>(true) : FailureOf(name, error);
-}
-
-Result<FileKind> OutputKind(const std::string& name, const std::string& format)
-{
-    if (format.empty() && name == kStandardStream)
-        return FileKind::Rtf;
-    const std::string extension = format.empty() ? LowerCase(fs::path(name).extension().string()) : "." + format;
-    const auto* const found = std::ranges::find(kKinds, extension, &KindName::extension);
-    if (found == std::end(kKinds))
-        return Failure{"the output \"" + name +
-                       "\" should end in .rtf or .txt; otherwise say --format rtf or --format txt"};
-    return found->kind;
 }
 
 }  // namespace quillmarker::tool

@@ -3,6 +3,7 @@
 #include "result.h"
 
 #include <quillmarker/document.h>
+#include <quillmarker/file_error.h>
 #include <quillmarker/text_box.h>
 
 #include <memory>
@@ -26,10 +27,10 @@ Result<Document> ReadDocument(const std::string& name);
 /// Puts a document into a file, whose old contents stay whole on failure, or writes it to standard output.
 Result<bool> WriteDocument(const Document& document, const std::string& name, FileKind kind);
 
-/// What to write: what `format` says ("rtf", "txt"), else what the name ends in; RTF for standard output.
-Result<FileKind> OutputKind(const std::string& name, const std::string& format);
-
 /// How a file is called in messages.
 std::string Shown(const std::string& name, const char* stream = "standard input");
+
+/// What went wrong with a file, as a line for people.
+Failure FailureOf(const std::string& name, FileError error, const char* stream = "standard input");
 
 }  // namespace quillmarker::tool

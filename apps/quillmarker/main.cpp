@@ -25,7 +25,7 @@ struct Command
 constexpr Command kCommands[] = {
     {"build", "Fill a template with data: one report, or one a line", AddBuildCommand},
     {"text", "Print the text of a document", AddTextCommand},
-    {"convert", "Write a document anew, as RTF or as text", AddConvertCommand},
+    {"convert", "Write a document anew, as RTF, text, PDF or PNG", AddConvertCommand},
     {"dump", "Print a document's inner structure", AddDumpCommand},
     {"check", "Check that documents survive being written and read", AddCheckCommand},
 };

@@ -29,8 +29,11 @@ bool IsHidden(CharFormatId format, const FormatTable& formats) { return formats[
 
 }  // namespace
 
-TextMaker::TextMaker(HiddenText hidden, Sink sink)
-    : m_hidden(hidden), m_sink(std::move(sink)), m_part(std::make_unique_for_overwrite<char[]>(kPart))
+TextMaker::TextMaker(HiddenText hidden, Sink sink, ListNumbers numbers)
+    : m_hidden(hidden),
+      m_numbers(numbers),
+      m_sink(std::move(sink)),
+      m_part(std::make_unique_for_overwrite<char[]>(kPart))
 {
 }
 
@@ -40,11 +43,23 @@ void TextMaker::Add(const Paragraph& paragraph, const FormatTable& formats)
     PutMark();
     const ParagraphMark& mark = paragraph.Ending();
     m_mark = mark.kind == Mark::Cell ? '\t' : '\n';
+    if (m_numbers == ListNumbers::Shown)
+        AddNumber(paragraph, formats);
     if (m_hidden == HiddenText::Kept)
         return Put(paragraph.Text());
     if (mark.kind == Mark::Break && IsHidden(mark.charFormat, formats))
         m_mark = 0;
     AddVisible(paragraph, formats);
+}
+
+void TextMaker::AddNumber(const Paragraph& paragraph, const FormatTable& formats)
+{
+    const Shared<Numbering>& numbering = formats[paragraph.Ending().format].numbering;
+    const std::u16string number = m_counter.Next(numbering ? &*numbering : nullptr);
+    if (number.empty() || paragraph.Ending().kind == Mark::Row)
+        return;
+    Put(number);
+    PutByte('\t');
 }
 
 void TextMaker::AddVisible(const Paragraph& paragraph, const FormatTable& formats)

@@ -65,8 +65,8 @@ std::string Duration(std::optional<double> seconds)
 
 std::string ProgressLine(const Progress& progress, int columns)
 {
-    const double rate = progress.seconds > 0 ? static_cast<double>(progress.reports) / progress.seconds : 0;
-    std::string line = std::to_string(progress.reports) + " reports, " + Rate(rate);
+    const double rate = progress.seconds > 0 ? static_cast<double>(progress.count) / progress.seconds : 0;
+    std::string line = std::to_string(progress.count) + " " + progress.what + ", " + Rate(rate);
     if (progress.part)
     {
         const double part = std::clamp(*progress.part, 0.0, 1.0);

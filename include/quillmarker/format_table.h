@@ -4,10 +4,12 @@
 #include <quillmarker/export.h>
 #include <quillmarker/paragraph.h>
 #include <quillmarker/paragraph_format.h>
+#include <quillmarker/style_definition.h>
 
 #include <cstdint>
 #include <deque>
 #include <map>
+#include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -39,11 +41,16 @@ public:
     /// Every level of a list that formats have stated.
     std::vector<Numbering> ListLevels(std::int32_t list) const;
 
+    /// What a style means; the first definition of a name holds.
+    void DefineStyle(StyleKind kind, const Name& name, StyleDefinition definition);
+    const StyleDefinition* StyleOf(StyleKind kind, const Name& name) const;
+
     std::size_t CharFormatCount() const { return m_chars.size(); }
     std::size_t ParagraphFormatCount() const { return m_paragraphs.size(); }
 
 private:
     std::map<std::pair<std::int32_t, std::int32_t>, Shared<Numbering>> m_lists;  // by list and level
+    std::map<std::pair<StyleKind, std::u16string>, Shared<StyleDefinition>> m_styles;
     std::deque<CharFormat> m_chars;
     std::deque<ParagraphFormat> m_paragraphs;
     std::unordered_multimap<std::size_t, std::uint32_t> m_charsByHash;

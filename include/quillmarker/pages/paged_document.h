@@ -18,6 +18,9 @@
 namespace quillmarker
 {
 
+/// A side of the largest image of a page.
+inline constexpr int kMostImagePixels = 20'000;
+
 /// A document on pages. Pages are cut when they are asked for, and break at the same places whatever they are painted
 /// on. Needs a QGuiApplication (the platform "offscreen" serves); used in one thread at a time.
 class QUILLMARKER_PAGES_EXPORT PagedDocument
@@ -43,7 +46,7 @@ public:
     /// when there is no such page, and no paper: the ground is whatever is there.
     void Paint(QPainter& painter, int page, double scale);
 
-    /// A page on white paper; null when there is no such page, or when it would be larger than 20,000 pixels a side.
+    /// A page on white paper; null when there is no such page, or when it would be larger than kMostImagePixels a side.
     QImage Image(int page, double dotsPerInch);
 
 private:
@@ -61,5 +64,13 @@ QUILLMARKER_PAGES_EXPORT std::string ToPdf(PagedDocument& pages, const PageProgr
 /// The same into a file, which is replaced as a whole or not at all.
 QUILLMARKER_PAGES_EXPORT FileError WritePdf(PagedDocument& pages, const std::filesystem::path& path,
                                             const PageProgress& progress = {});
+
+/// A page on white paper as PNG, which says how large the page is; empty when there is no such page, when it would be
+/// larger than kMostImagePixels a side, or for want of memory.
+QUILLMARKER_PAGES_EXPORT std::string ToPng(PagedDocument& pages, int page, double dotsPerInch);
+
+/// The same into a file, which is replaced as a whole or not at all.
+QUILLMARKER_PAGES_EXPORT FileError WritePng(PagedDocument& pages, int page, double dotsPerInch,
+                                            const std::filesystem::path& path);
 
 }  // namespace quillmarker

@@ -7,6 +7,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
+#include <optional>
+#include <set>
 
 namespace quillmarker
 {
@@ -147,17 +150,58 @@ std::uint32_t SerialShift(const Document& document, TextRange range, const Share
     return shift;
 }
 
+/// The numbers of a fragment's fields, each with the one it takes in the document.
+using Serials = std::map<std::uint32_t, std::uint32_t>;
+
+/// Each field of the fragment like `first` stands where the replaced text had one like it: that field it is again. None
+/// when some does not, or when two would become one.
+std::optional<Serials> SerialsPutBack(const Document& document, TextRange range, const Document& fragment,
+                                      const Shared<Field>& first)
+{
+    Serials serials;
+    std::set<std::uint32_t> taken;
+    bool fits = true;
+    Position at = range.begin;
+    fragment.Visit(0, [&](const Paragraph& paragraph) {
+        std::uint32_t begin = 0;
+        for (const Run& run : paragraph.Runs())
+        {
+            const Shared<Field>& field = fragment.FormatOf(run.format).field;
+            if (SameButForSerial(field, first) && !serials.contains(field->serial))
+            {
+                const Position place = at + static_cast<std::int32_t>(begin);
+                const Shared<Field> replaced = place < range.end ? FieldAt(document, place) : Shared<Field>();
+                fits = SameButForSerial(replaced, first) && taken.insert(replaced->serial).second;
+                if (!fits)
+                    return false;
+                serials.emplace(field->serial, replaced->serial);
+            }
+            begin = run.end;
+        }
+        at = at + paragraph.Length();
+        return true;
+    });
+    return fits ? std::optional(serials) : std::nullopt;
+}
+
 Document FittedTo(const Document& document, TextRange range, const Document& fragment)
 {
     const Shared<Field> first = FieldAt(fragment, {0});
-    const std::uint32_t shift = first && !first->outer ? SerialShift(document, range, first) : 0;
-    if (shift == 0)
+    if (!first || first->outer)
+        return fragment;
+    const std::optional<Serials> back = SerialsPutBack(document, range, fragment, first);
+    const std::uint32_t shift = back ? 0 : SerialShift(document, range, first);
+    if (!back && shift == 0)
         return fragment;
     return WithCharFormats(fragment, {{0}, {fragment.Size()}}, [&](CharFormat format) {
         if (SameButForSerial(format.field, first))
         {
             Field field = *format.field;
-            field.serial += shift;
+            const auto known = back ? back->find(field.serial) : Serials::const_iterator();
+            if (!back)
+                field.serial += shift;
+            else if (known != back->end())
+                field.serial = known->second;
             format.field = Shared(std::move(field));
         }
         return format;

@@ -41,6 +41,23 @@ ParagraphFormatId FormatTable::Intern(const ParagraphFormat& format)
                                        HashOfFields(format, kParagraphFields));
 }
 
+void FormatTable::DefineStyle(StyleKind kind, const Name& name, StyleDefinition definition)
+{
+    const Shared<Numbering> numbering = definition.paragraph.numbering;
+    const auto [style, isNew] = m_styles.try_emplace({kind, name.Text()});
+    if (!isNew)
+        return;
+    style->second = Shared(std::move(definition));
+    if (numbering && numbering->list != 0)
+        m_lists.try_emplace({numbering->list, numbering->level}, numbering);
+}
+
+const StyleDefinition* FormatTable::StyleOf(StyleKind kind, const Name& name) const
+{
+    const auto found = m_styles.find({kind, name.Text()});
+    return found == m_styles.end() ? nullptr : found->second.Identity();
+}
+
 Shared<Numbering> FormatTable::ListLevel(std::int32_t list, std::int32_t level) const
 {
     const auto found = m_lists.find({list, level});

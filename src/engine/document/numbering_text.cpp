@@ -1,4 +1,4 @@
-#include "engine/document/numbering_text.h"
+#include <quillmarker/numbering_text.h>
 
 #include <algorithm>
 

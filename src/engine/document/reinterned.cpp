@@ -2,6 +2,8 @@
 
 #include "engine/document/tree.h"
 
+#include <utility>
+
 namespace quillmarker
 {
 namespace
@@ -28,9 +30,38 @@ std::int32_t FormatTransfer::ListNumber(std::int32_t list)
     return entry->second;
 }
 
+void FormatTransfer::CarryList(ParagraphFormat& format)
+{
+    if (!format.numbering || format.numbering->list == 0)
+        return;
+    Numbering numbering = *format.numbering;
+    numbering.list = ListNumber(numbering.list);
+    format.numbering = Shared(std::move(numbering));
+}
+
+/// A style means what it means there; only one that is new there brings its definition, and those it is based on.
+void FormatTransfer::CarryStyle(StyleKind kind, const Name& style)
+{
+    for (Name at = style; !at.IsEmpty();)
+    {
+        const StyleDefinition* definition = m_from.StyleOf(kind, at);
+        if (!definition || m_to.StyleOf(kind, at))
+            return;
+        StyleDefinition carried = *definition;
+        CarryList(carried.paragraph);
+        m_to.DefineStyle(kind, at, std::move(carried));
+        at = definition->basedOn.value_or(Name());
+    }
+}
+
 CharFormatId FormatTransfer::operator()(CharFormatId id)
 {
-    return IsIdentity() ? id : Carried(id, m_chars, [&] { return m_to.Intern(m_from[id]); });
+    if (IsIdentity())
+        return id;
+    return Carried(id, m_chars, [&] {
+        CarryStyle(StyleKind::Character, m_from[id].style);
+        return m_to.Intern(m_from[id]);
+    });
 }
 
 ParagraphFormatId FormatTransfer::operator()(ParagraphFormatId id)
@@ -39,12 +70,8 @@ ParagraphFormatId FormatTransfer::operator()(ParagraphFormatId id)
         return id;
     return Carried(id, m_paragraphs, [&] {
         ParagraphFormat format = m_from[id];
-        if (format.numbering && format.numbering->list != 0)
-        {
-            Numbering numbering = *format.numbering;
-            numbering.list = ListNumber(numbering.list);
-            format.numbering = Shared(std::move(numbering));
-        }
+        CarryList(format);
+        CarryStyle(StyleKind::Paragraph, format.style);
         return m_to.Intern(format);
     });
 }

@@ -28,6 +28,8 @@ public:
 
 private:
     std::int32_t ListNumber(std::int32_t list);
+    void CarryList(ParagraphFormat& format);
+    void CarryStyle(StyleKind kind, const Name& style);
 
     const FormatTable& m_from;
     FormatTable& m_to;

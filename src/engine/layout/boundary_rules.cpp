@@ -39,8 +39,14 @@ OwnedRules Borrowed(UBreakIteratorType kind, const char* locale)
 }  // namespace
 
 BoundaryRules::BoundaryRules(UBreakIteratorType kind, const char* locale, std::u16string_view text)
-    : m_kind(kind), m_locale(locale), m_text(text), m_rules(Borrowed(kind, locale))
+    : m_kind(kind), m_locale(locale), m_rules(Borrowed(kind, locale))
 {
+    Restart(text);
+}
+
+void BoundaryRules::Restart(std::u16string_view text)
+{
+    m_text = text;
     UErrorCode error = U_ZERO_ERROR;
     if (m_rules)
         ubrk_setText(m_rules.get(), text.data(), static_cast<std::int32_t>(text.size()), &error);

@@ -2,6 +2,7 @@
 
 #include <unicode/ubrk.h>
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -23,6 +24,9 @@ public:
     ~BoundaryRules();
     BoundaryRules(const BoundaryRules&) = delete;
     BoundaryRules& operator=(const BoundaryRules&) = delete;
+
+    /// Goes on with another text.
+    void Restart(std::u16string_view text);
 
     /// The last boundary up to `offset`, 0 if there is none.
     std::uint32_t LastUpTo(std::uint32_t offset) const;

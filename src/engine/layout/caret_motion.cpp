@@ -75,14 +75,12 @@ MovedCaret MovedByPage(DocumentFlow& flow, CaretPosition caret, const MotionCont
     return {line == from ? caret : flow.NearestIn(line, column), column};
 }
 
-MovedCaret MovedToLineStart(DocumentFlow& flow, CaretPosition caret, const MotionContext&)
+template <CaretPosition (DocumentFlow::*kEdge)(FlowLine)>
+MovedCaret MovedToEdge(DocumentFlow& flow, CaretPosition caret, const MotionContext&)
 {
-    return {flow.StartOf(ShownLine(flow, caret)), {}};
-}
-
-MovedCaret MovedToLineEnd(DocumentFlow& flow, CaretPosition caret, const MotionContext&)
-{
-    return {flow.EndOf(ShownLine(flow, caret)), {}};
+    const FlowLine line = ShownLine(flow, caret);
+    const bool isShown = flow.LineAt(line).height > 0;  // not in a document of hidden text alone
+    return {isShown ? (flow.*kEdge)(line) : caret, {}};
 }
 
 template <bool kIsEnd>
@@ -109,8 +107,8 @@ constexpr std::array<MotionRow, kMotions> kMotionTable = {{
     {Motion::NextWord, &Stepped<&NextWord>},
     {Motion::LineUp, &MovedToLine<&DocumentFlow::LineAbove>},
     {Motion::LineDown, &MovedToLine<&DocumentFlow::LineBelow>},
-    {Motion::LineStart, &MovedToLineStart},
-    {Motion::LineEnd, &MovedToLineEnd},
+    {Motion::LineStart, &MovedToEdge<&DocumentFlow::StartOf>},
+    {Motion::LineEnd, &MovedToEdge<&DocumentFlow::EndOf>},
     {Motion::ParagraphUp, &Stepped<&PreviousParagraph>},
     {Motion::ParagraphDown, &Stepped<&NextParagraph>},
     {Motion::PageUp, &MovedByPage<&DocumentFlow::LineAbove>},

@@ -85,6 +85,7 @@ public:
     std::int64_t LayoutCount() const;
 
     CaretBox BoxOf(CaretPosition caret);
+    /// A line with a height, if the caret's paragraph has one.
     FlowLine LineOf(CaretPosition caret);
     FlowHit HitAt(Fine x, Fine y);
 

@@ -37,6 +37,31 @@ std::int32_t CharacterAt(const Document& document, const ParagraphLayout& layout
     return PreviousCharacterBreak(stops.Text(), stops.PastHiddenBefore(nearest));
 }
 
+/// A line's caret shows in a line that has a height: in the nearest one of the paragraph, those above first.
+std::uint32_t ShownLine(std::span<const Line> lines, std::uint32_t line)
+{
+    for (std::uint32_t above = line + 1; above > 0; --above)
+        if (lines[above - 1].height > 0)
+            return above - 1;
+    for (std::uint32_t below = line + 1; below < lines.size(); ++below)
+        if (lines[below].height > 0)
+            return below;
+    return line;
+}
+
+/// The caret at an offset of a line, moved out of hidden text and characters of several units. A line may begin inside
+/// such a character: before a mark that stands on a blank.
+CaretPosition CaretIn(const Document& document, const ParagraphLayout& layout, Position start, std::uint32_t line,
+                      const HitOffset& hit)
+{
+    const auto offset = static_cast<std::int32_t>(hit.offset);
+    const ParagraphStops stops(document, layout.Source());
+    std::int32_t stop = stops.StopUpTo(offset);
+    if (stop < static_cast<std::int32_t>(layout.Lines()[line].begin))
+        stop = stops.StopFrom(offset);
+    return {start + stop, stop == offset ? hit.side : LineSide::After};
+}
+
 /// The line of a layout at a distance from its top, or the nearest one that has a height.
 std::uint32_t LineNearest(const ParagraphLayout& layout, Fine distance)
 {
@@ -56,7 +81,9 @@ std::uint32_t LineNearest(const ParagraphLayout& layout, Fine distance)
 FlowLine DocumentFlow::LineOf(CaretPosition caret)
 {
     const Location location = Value().Locate(caret.position);
-    return {location.paragraph, LayoutOf(location.paragraph).LineOf(OffsetOf(Value(), location), caret.side)};
+    const ParagraphLayout& layout = LayoutOf(location.paragraph);
+    const std::uint32_t line = layout.LineOf(OffsetOf(Value(), location), caret.side);
+    return {location.paragraph, ShownLine(layout.Lines(), line)};
 }
 
 CaretBox DocumentFlow::BoxOf(CaretPosition caret)
@@ -83,11 +110,11 @@ FlowHit DocumentFlow::HitAt(Fine x, Fine y)
     const HitOffset hit = layout.OffsetAt(index, x);
     const Position start = Value().StartOf(paragraph);
     FlowHit found;
-    found.caret = {start + static_cast<std::int32_t>(hit.offset), hit.side};
+    found.caret = CaretIn(Value(), layout, start, index, hit);
     found.character = found.caret.position;
     found.isInside = hit.isInside && distance >= line.top && distance < line.Bottom();
     if (found.isInside)
-        found.character = start + CharacterAt(Value(), layout, index, x, static_cast<std::int32_t>(hit.offset));
+        found.character = start + CharacterAt(Value(), layout, index, x, found.caret.position - start);
     return found;
 }
 
@@ -137,31 +164,27 @@ const Line& DocumentFlow::LineAt(FlowLine line) { return LayoutOf(line.paragraph
 
 CaretPosition DocumentFlow::StartOf(FlowLine line)
 {
-    return {Value().StartOf(line.paragraph) + static_cast<std::int32_t>(LineAt(line).begin), LineSide::After};
+    const ParagraphLayout& layout = LayoutOf(line.paragraph);
+    const HitOffset start{layout.Lines()[line.line].begin, LineSide::After};
+    return CaretIn(Value(), layout, Value().StartOf(line.paragraph), line.line, start);
 }
 
 CaretPosition DocumentFlow::EndOf(FlowLine line)
 {
-    const Line& at = LineAt(line);
-    const Position end = Value().StartOf(line.paragraph) + static_cast<std::int32_t>(at.end);
-    switch (at.ending)
-    {
-    case LineEnd::Wrapped:
-        return {end, LineSide::Before};
-    case LineEnd::Mark:
-        return {end, LineSide::After};
-    case LineEnd::Break:
-    case LineEnd::Page:
-    case LineEnd::Column:
-        return {end - 1, LineSide::After};
-    }
-    return {end, LineSide::After};
+    const ParagraphLayout& layout = LayoutOf(line.paragraph);
+    const Line& at = layout.Lines()[line.line];
+    HitOffset end{at.end, LineSide::After};
+    if (at.ending == LineEnd::Wrapped)
+        end.side = LineSide::Before;
+    else if (at.ending != LineEnd::Mark)
+        --end.offset;
+    return CaretIn(Value(), layout, Value().StartOf(line.paragraph), line.line, end);
 }
 
 CaretPosition DocumentFlow::NearestIn(FlowLine line, Fine x)
 {
-    const HitOffset hit = LayoutOf(line.paragraph).OffsetAt(line.line, x);
-    return {Value().StartOf(line.paragraph) + static_cast<std::int32_t>(hit.offset), hit.side};
+    const ParagraphLayout& layout = LayoutOf(line.paragraph);
+    return CaretIn(Value(), layout, Value().StartOf(line.paragraph), line.line, layout.OffsetAt(line.line, x));
 }
 
 }  // namespace quillmarker

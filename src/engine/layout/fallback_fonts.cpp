@@ -40,6 +40,8 @@ constexpr std::array kScriptFonts = {
     ScriptFonts{QChar::Script_Nko, QFontDatabase::Nko},
 };
 
+constexpr int kNormalWeight = 400;
+
 /// What Qt itself would take.
 QString MergedFamily(const FaceIdentity& face, char32_t character)
 {
@@ -59,30 +61,39 @@ QString MergedFamily(const FaceIdentity& face, char32_t character)
 
 }  // namespace
 
-const std::optional<QString>& FallbackFonts::FamilyFor(const FaceIdentity& face, char32_t character)
+const std::optional<FaceIdentity>& FallbackFonts::FaceFor(const FaceIdentity& face, char32_t character)
 {
-    const auto key = std::pair(face.family, character);
+    const Key key{face.family, face.weight, face.italic, character};
     auto found = m_found.find(key);
     if (found == m_found.end())
         found = m_found.emplace(key, Find(face, character)).first;
     return found->second;
 }
 
-std::optional<QString> FallbackFonts::Find(const FaceIdentity& face, char32_t character) const
+/// A family's slanted or heavy font often has fewer scripts than its plain one.
+std::optional<FaceIdentity> FallbackFonts::Find(const FaceIdentity& face, char32_t character) const
 {
-    const auto has = [&](const QString& family) {
-        return !family.isEmpty() && m_hasCharacter({family, face.weight, face.italic}, character);
+    auto found = FindInStyle(face, character);
+    if (!found && face.italic)
+        found = FindInStyle({face.family, face.weight, false}, character);
+    if (!found && face.weight != kNormalWeight)
+        found = FindInStyle({face.family, kNormalWeight, false}, character);
+    return found;
+}
+
+std::optional<FaceIdentity> FallbackFonts::FindInStyle(const FaceIdentity& face, char32_t character) const
+{
+    const auto faceIn = [&](const QString& family) -> std::optional<FaceIdentity> {
+        const FaceIdentity identity{family, face.weight, face.italic};
+        return !family.isEmpty() && m_hasCharacter(identity, character) ? std::optional(identity) : std::nullopt;
     };
     const auto* script = std::ranges::find(kScriptFonts, QChar::script(character), &ScriptFonts::script);
     if (script == kScriptFonts.end())
-    {
-        const QString family = MergedFamily(face, character);
-        return has(family) ? std::optional(family) : std::nullopt;
-    }
+        return faceIn(MergedFamily(face, character));
     for (const QString& family : QFontDatabase::families(script->writingSystem))
     {
-        if (has(family))
-            return family;
+        if (auto found = faceIn(family))
+            return found;
     }
     return std::nullopt;
 }

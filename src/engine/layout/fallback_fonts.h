@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace quillmarker
@@ -21,14 +22,18 @@ public:
 
     explicit FallbackFonts(HasCharacter hasCharacter) : m_hasCharacter(std::move(hasCharacter)) {}
 
-    /// The family that shows `character` beside `face`, in its weight and slant; none: no font has it.
-    const std::optional<QString>& FamilyFor(const FaceIdentity& face, char32_t character);
+    /// The font that shows `character` beside `face`: in its weight and slant if there is one, else upright, else plain;
+    /// none: no font has it.
+    const std::optional<FaceIdentity>& FaceFor(const FaceIdentity& face, char32_t character);
 
 private:
-    std::optional<QString> Find(const FaceIdentity& face, char32_t character) const;
+    using Key = std::tuple<QString, int, bool, char32_t>;
+
+    std::optional<FaceIdentity> Find(const FaceIdentity& face, char32_t character) const;
+    std::optional<FaceIdentity> FindInStyle(const FaceIdentity& face, char32_t character) const;
 
     HasCharacter m_hasCharacter;
-    std::map<std::pair<QString, char32_t>, std::optional<QString>> m_found;
+    std::map<Key, std::optional<FaceIdentity>> m_found;
 };
 
 }  // namespace quillmarker

@@ -24,6 +24,8 @@ struct FaceMetrics
     std::int32_t underlinePosition = 0;  // of its middle, positive: below the baseline
     std::int32_t underlineThickness = 0;
     std::int32_t strikeoutPosition = 0;  // of its middle, positive: above the baseline
+    /// How much thicker strokes are to be drawn, half of it on each side, since the family has no bold; advances stay.
+    std::int32_t thickening = 0;
 };
 
 /// By what a face is found again on the same machine.
@@ -93,7 +95,8 @@ public:
 
     virtual FaceIdentity Identity() const = 0;
 
-    /// The font that paints the face's glyphs, unhinted.
+    /// The font that paints the face's glyphs, unhinted and slanted where the family has no italic. What the metrics
+    /// say of thickening is left to who paints.
     virtual QRawFont RawFont(qreal pixelSize) const = 0;
 
 protected:

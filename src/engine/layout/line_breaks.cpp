@@ -1,6 +1,7 @@
 #include "line_breaks.h"
 
 #include "boundary_rules.h"
+#include "line_rules.h"
 #include "simple_characters.h"
 
 #include <quillmarker/paragraph.h>
@@ -32,9 +33,14 @@ const char* LocaleOf(std::uint16_t language)
     return found == kRulesOfLanguages.end() ? "" : found->locale;
 }
 
+/// Letters of European alphabets, which line breaking treats alike (class AL), and digits.
 constexpr bool IsLetterOrDigit(char16_t unit)
 {
-    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9');
+    if (unit < 0x80)
+        return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9');
+    if (unit < 0x250)
+        return unit >= 0xC0 && unit != 0xD7 && unit != 0xF7;
+    return (unit >= 0x386 && unit <= 0x3CE && unit != 0x387) || (unit >= 0x400 && unit <= 0x481);
 }
 
 /// The separators that stay with what is before and after them (class IS).
@@ -59,7 +65,8 @@ std::optional<bool> FromNeighbours(std::u16string_view text, std::size_t at)
     const char16_t before = text[at - 1];
     const char16_t after = text[at];
     if (after == u' ')
-        return before == u' ' || IsVisibleAscii(before) ? std::optional(false) : std::nullopt;
+        return before == u' ' || IsVisibleAscii(before) || IsLetterOrDigit(before) ? std::optional(false)
+                                                                                   : std::nullopt;
     if (IsLetterOrDigit(before))
         return IsLetterOrDigit(after) || IsSeparator(after) || IsClosing(after) ? std::optional(false) : std::nullopt;
     if (!IsLetterOrDigit(after))
@@ -70,17 +77,12 @@ std::optional<bool> FromNeighbours(std::u16string_view text, std::size_t at)
         return std::nullopt;
     // Blanks break, unless what opens stands before them.
     const std::size_t last = text.find_last_not_of(u' ', at - 1);
-    if (last == std::u16string_view::npos || !IsVisibleAscii(text[last]) || IsOpening(text[last]))
-        return std::nullopt;
-    return true;
+    const bool isKnown = last != std::u16string_view::npos && !IsOpening(text[last]) &&
+                         (IsVisibleAscii(text[last]) || IsLetterOrDigit(text[last]));
+    return isKnown ? std::optional(true) : std::nullopt;
 }
 
 }  // namespace
-
-struct LineBreaks::Rules : BoundaryRules
-{
-    using BoundaryRules::BoundaryRules;
-};
 
 LineBreaks::LineBreaks(std::u16string_view text, std::uint16_t language, Means means)
     : m_text(text), m_language(language), m_means(means)
@@ -89,10 +91,10 @@ LineBreaks::LineBreaks(std::u16string_view text, std::uint16_t language, Means m
 
 LineBreaks::~LineBreaks() = default;
 
-LineBreaks::Rules& LineBreaks::LineRules()
+LineRules& LineBreaks::Rules()
 {
     if (!m_rules)
-        m_rules = std::make_unique<Rules>(UBRK_LINE, LocaleOf(m_language), m_text);
+        m_rules = std::make_unique<LineRules>(m_text, LocaleOf(m_language));
     return *m_rules;
 }
 
@@ -111,7 +113,7 @@ std::uint32_t LineBreaks::LastUpTo(std::uint32_t offset, std::uint32_t after)
             return at;
         if (known == false)
             continue;
-        const std::uint32_t found = std::max(LineRules().LastUpTo(at), after);
+        const std::uint32_t found = std::max(Rules().LastUpTo(at), after);
         while (at > found && !AlwaysEndsLine(m_text[at - 1]))
             --at;
         return at;
@@ -132,7 +134,7 @@ std::uint32_t LineBreaks::NextBehind(std::uint32_t offset)
             return at;
         if (known == false)
             continue;
-        const std::uint32_t found = LineRules().NextBehind(at - 1);
+        const std::uint32_t found = Rules().NextBehind(at - 1);
         while (at < found && !AlwaysEndsLine(m_text[at - 1]))
             ++at;
         return at;

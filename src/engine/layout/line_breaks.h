@@ -7,6 +7,8 @@
 namespace quillmarker
 {
 
+class LineRules;
+
 /// Where a line may end, by the rules of Unicode (UAX #14), with dictionaries for the scripts that have no spaces.
 /// Plain words between blanks are found without asking the full rules; both ways give the same answer. Behind a tab and
 /// behind a break character a line may always begin, and so it may at the text's end.
@@ -32,13 +34,12 @@ public:
     std::uint32_t LastCharacterUpTo(std::uint32_t offset, std::uint32_t after) const;
 
 private:
-    struct Rules;
-    Rules& LineRules();
+    LineRules& Rules();
 
     std::u16string_view m_text;
     std::uint16_t m_language;  // a Windows language identifier
     Means m_means;
-    std::unique_ptr<Rules> m_rules;  // opened when they are first needed
+    std::unique_ptr<LineRules> m_rules;  // opened when they are first needed
 };
 
 }  // namespace quillmarker

@@ -103,7 +103,15 @@ private:
         std::uint32_t at = m_breaks.LastUpTo(full, begin);
         while (at > begin && m_shapes.source[at - 1] == kSoftHyphen && !HasRoomForHyphen(begin, at))
             at = m_breaks.LastUpTo(at - 1, begin);
-        return at > begin ? at : std::max(m_breaks.LastCharacterUpTo(full, begin), begin + 1);
+        return at > begin ? at : WithBlanks(std::max(m_breaks.LastCharacterUpTo(full, begin), begin + 1));
+    }
+
+    /// A word that is longer than a line takes the blanks behind it along.
+    std::uint32_t WithBlanks(std::uint32_t end) const
+    {
+        while (end < m_shapes.source.size() && m_shapes.source[end] == u' ')
+            ++end;
+        return end;
     }
 
     bool HasRoomForHyphen(std::uint32_t begin, std::uint32_t end) const

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <quillmarker/document.h>
-
-#include "engine/document/numbering_text.h"
+#include <quillmarker/numbering_text.h>
 
 #include <cstdint>
 #include <map>

@@ -202,6 +202,21 @@ std::optional<RecordedPage> Parsed(std::string_view body)
 
 bool IsPossible(const FaceIdentity& face) { return face.weight >= 1 && face.weight <= 1000; }
 
+// The numbers of glyphs mean nothing in another face. Where a run has a glyph for each unit of its text, the face that
+// stands in shows its own, in the same places.
+void SetAgain(GlyphRun& run, const FontFace& face)
+{
+    const std::size_t count = run.glyphs.size();
+    if (count != run.text.size())
+        return;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        const SimpleGlyph own = face.Simple(run.text[i]);
+        if (own.isSimple)
+            run.glyphs[run.rightToLeft ? count - 1 - i : i].glyph = own.glyph;
+    }
+}
+
 using Bytes = std::vector<Shared<std::string>>;
 using Objects = std::vector<Shared<InlineObject>>;
 
@@ -227,7 +242,8 @@ bool Restore(std::vector<RecordedObject>& recorded, const Bytes& bytes, Objects&
     return true;
 }
 
-bool Restore(std::vector<RecordedItem>& recorded, const Objects& objects, DisplayList& list)
+bool Restore(std::vector<RecordedItem>& recorded, const std::vector<FaceIdentity>& faces, const Objects& objects,
+             DisplayList& list)
 {
     list.items.reserve(recorded.size());
     for (RecordedItem& item : recorded)
@@ -239,8 +255,13 @@ bool Restore(std::vector<RecordedItem>& recorded, const Objects& objects, Displa
             list.Add(PlacedPicture{place->rectangle, objects[place->object]});
             continue;
         }
-        if (const auto* run = std::get_if<GlyphRun>(&item); run != nullptr && run->face >= list.faces.size())
-            return false;
+        if (auto* run = std::get_if<GlyphRun>(&item))
+        {
+            if (run->face >= list.faces.size())
+                return false;
+            if (list.faces[run->face]->Identity() != faces[run->face])
+                SetAgain(*run, *list.faces[run->face]);
+        }
         std::visit(
             [&]<class Item>(Item& value) {
                 if constexpr (!std::is_same_v<Item, RecordedPlace>)
@@ -280,7 +301,7 @@ std::optional<PageRecord> PageFromBytes(std::string_view bytes, FontHost& fonts)
     for (std::string& one : page->bytes)
         pictureBytes.emplace_back(std::move(one));
     Objects objects;
-    if (!Restore(page->objects, pictureBytes, objects) || !Restore(page->items, objects, record.list))
+    if (!Restore(page->objects, pictureBytes, objects) || !Restore(page->items, page->faces, objects, record.list))
         return std::nullopt;
     return record;
 }

@@ -12,7 +12,6 @@ namespace quillmarker
 namespace
 {
 
-constexpr int kMostPixels = 20'000;
 constexpr double kTwipsPerInch = 1440;
 
 TwipsRectangle PageOf(const PageSetup& setup) { return {{}, {}, setup.paper.width, setup.paper.height}; }
@@ -111,7 +110,7 @@ QImage PagedDocument::Image(int page, double dotsPerInch)
     const double scale = dotsPerInch / kTwipsPerInch;
     const auto width = std::llround(m_state->setup.paper.width.value * scale);
     const auto height = std::llround(m_state->setup.paper.height.value * scale);
-    if (!HasPage(page) || !(scale > 0) || std::max(width, height) > kMostPixels)
+    if (!HasPage(page) || !(scale > 0) || std::max(width, height) > kMostImagePixels)
         return {};
     QImage image(static_cast<int>(std::max(width, 1LL)), static_cast<int>(std::max(height, 1LL)),
                  QImage::Format_ARGB32_Premultiplied);

@@ -2,6 +2,7 @@
 
 #include "border_painting.h"
 #include "glyph_painting.h"
+#include "link_writing.h"
 #include "paint_surface.h"
 #include "painted_ground.h"
 #include "picture_image.h"
@@ -15,8 +16,6 @@ namespace
 {
 
 constexpr std::int32_t kWhole = 10000;  // hundredths of a per cent
-
-QColor ColourOf(Colour colour) { return QColor::fromRgb(colour.Red(), colour.Green(), colour.Blue()); }
 
 QColor Mixed(const QColor& ground, const QColor& pattern, std::int32_t hundredths)
 {
@@ -33,6 +32,16 @@ public:
     {
     }
 
+    /// Notes what was painted before the list.
+    void SetBehind(const DisplayList& behind)
+    {
+        for (const DisplayItem& item : behind.items)
+        {
+            if (const auto* fill = std::get_if<FilledRectangle>(&item))
+                m_ground.Fill(m_surface.Mapped(fill->rectangle), ColourOf(*fill));
+        }
+    }
+
     void operator()(const GlyphRun& run)
     {
         if (!m_glyphs.Sees(run))
@@ -47,10 +56,7 @@ public:
         const QRectF rectangle = m_surface.Mapped(fill.rectangle);
         if (!m_surface.Sees(rectangle) || rectangle.isEmpty())
             return;
-        const QColor automatic = fill.ground == Ground::Text ? m_colours.text : m_colours.background;
-        const QColor ground = fill.colour.IsAutomatic() ? automatic : ColourOf(fill.colour);
-        const QColor pattern = fill.pattern.IsAutomatic() ? m_colours.text : ColourOf(fill.pattern);
-        const QColor colour = Mixed(ground, pattern, fill.mixed);
+        const QColor colour = ColourOf(fill);
         m_surface.Painter().fillRect(m_surface.Snapped(rectangle & m_surface.Visible()), colour);
         m_ground.Fill(rectangle, colour);
     }
@@ -80,9 +86,22 @@ public:
 
     void operator()(const BeginClip& clip) { m_surface.OpenClip(m_surface.Snapped(m_surface.Mapped(clip.rectangle))); }
     void operator()(const EndClip&) { m_surface.CloseClip(); }
-    void operator()(const LinkArea&) {}
+    void operator()(const LinkArea& link)
+    {
+        WriteLink(m_surface.Painter(), m_surface.Mapped(link.rectangle), link.target);
+    }
 
 private:
+    static QColor ColourOf(Colour colour) { return {colour.Red(), colour.Green(), colour.Blue()}; }
+
+    QColor ColourOf(const FilledRectangle& fill) const
+    {
+        const QColor automatic = fill.ground == Ground::Text ? m_colours.text : m_colours.background;
+        const QColor ground = fill.colour.IsAutomatic() ? automatic : ColourOf(fill.colour);
+        const QColor pattern = fill.pattern.IsAutomatic() ? m_colours.text : ColourOf(fill.pattern);
+        return Mixed(ground, pattern, fill.mixed);
+    }
+
     QColor TextColour(Colour colour, QPointF place) const
     {
         return colour.IsAutomatic() ? m_ground.TextAt(m_surface.Mapped(place)) : ColourOf(colour);
@@ -96,13 +115,16 @@ private:
 
 }  // namespace
 
-void Paint(QPainter& painter, const DisplayList& list, QPointF origin, qreal scale, const GroundColours& colours)
+void Paint(QPainter& painter, const DisplayList& list, QPointF origin, qreal scale, const GroundColours& colours,
+           const DisplayList* behind)
 {
     painter.save();
     {
         // Its end closes the clips that the list left open.
         PaintSurface surface(painter, origin, scale);
         ListPainting painting(surface, list, colours);
+        if (behind != nullptr)
+            painting.SetBehind(*behind);
         for (const DisplayItem& item : list.items)
             std::visit(painting, item);
     }

@@ -20,8 +20,9 @@ struct GroundColours
 /// Paints a list. `scale` is device pixels a twip before the painter's own transform; `origin` is where the list's
 /// origin falls, in the painter's coordinates. On a painter without scaling the text is set in its real pixel size.
 /// Items that lie wholly outside the painter's clip are left out. Text of automatic colour that stands on a ground which
-/// the list itself painted is black or white where it could not be read otherwise.
+/// the list itself painted, or before it the list `behind` at the same origin, is black or white where it could not be
+/// read otherwise. In a PDF link areas become links; elsewhere they are nothing.
 QUILLMARKER_PAGES_EXPORT void Paint(QPainter& painter, const DisplayList& list, QPointF origin, qreal scale,
-                                    const GroundColours& colours = {});
+                                    const GroundColours& colours = {}, const DisplayList* behind = nullptr);
 
 }  // namespace quillmarker

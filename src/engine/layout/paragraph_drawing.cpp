@@ -154,7 +154,7 @@ private:
                 run.glyphs.push_back({glyph.glyph, static_cast<float>(InTwips(x)), 0});
             x += m_pieces.Advance(piece.begin + static_cast<std::uint32_t>(i));
         }
-        if (!run.glyphs.empty())
+        if (text.find_first_not_of(u' ') != std::u16string_view::npos && !run.glyphs.empty())
             m_list.Add(std::move(run));
     }
 

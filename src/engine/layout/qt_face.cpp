@@ -7,6 +7,7 @@
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
+#include <QFontDatabase>
 #include <QtEndian>
 
 #include <algorithm>
@@ -21,6 +22,8 @@ namespace
 constexpr std::size_t kLongestPiece = 1000;  // of what is shaped at once, in units
 constexpr std::size_t kMostSizes = 64;
 constexpr std::int32_t kUnknownUnitsPerEm = 1000;
+constexpr int kBoldWeight = 600;
+constexpr std::int32_t kEmsToThickening = 24;
 
 std::int32_t Rounded(qreal value) { return static_cast<std::int32_t>(std::lround(value)); }
 
@@ -91,6 +94,13 @@ FaceMetrics MetricsOf(const QRawFont& raw, std::int32_t unitsPerEm)
             .strikeoutPosition = StrikeoutPosition(raw)};
 }
 
+bool HasBold(const QString& family)
+{
+    return std::ranges::any_of(QFontDatabase::styles(family), [&](const QString& style) {
+        return QFontDatabase::weight(family, style) >= kBoldWeight;
+    });
+}
+
 std::u16string Shown(std::u16string_view text)
 {
     std::u16string shown(text);
@@ -113,12 +123,19 @@ void InsertSilent(std::u16string_view text, std::vector<std::int32_t>& advances)
 
 }  // namespace
 
-QtFace::QtFace(FaceIdentity identity, FaceFinder& finder) : m_identity(std::move(identity)), m_finder(finder)
+QtFace::QtFace(FaceIdentity identity, FaceFinder& finder)
+    : m_identity(std::move(identity)), m_drawn(m_identity), m_finder(finder)
 {
-    const auto unitsPerEm = Rounded(QRawFont::fromFont(MeasuringFont(m_identity, kUnknownUnitsPerEm)).unitsPerEm());
+    // Qt thickens small glyphs only, and forgets it when a font gets another size.
+    const bool isThickened = m_identity.weight >= kBoldWeight && !HasBold(m_identity.family);
+    if (isThickened)
+        m_drawn.weight = QFont::Normal;
+    const auto unitsPerEm = Rounded(QRawFont::fromFont(MeasuringFont(m_drawn, kUnknownUnitsPerEm)).unitsPerEm());
     const std::int32_t pixelSize = unitsPerEm > 0 ? unitsPerEm : kUnknownUnitsPerEm;
-    m_raw = QRawFont::fromFont(MeasuringFont(m_identity, pixelSize));
-    SetMetrics(MetricsOf(m_raw, pixelSize));
+    m_raw = QRawFont::fromFont(MeasuringFont(m_drawn, pixelSize));
+    FaceMetrics metrics = MetricsOf(m_raw, pixelSize);
+    metrics.thickening = isThickened ? pixelSize / kEmsToThickening : 0;
+    SetMetrics(metrics);
 }
 
 QRawFont QtFace::RawFont(qreal pixelSize) const
@@ -281,7 +298,7 @@ const QFont& QtFace::FontOf(const QtFace& face) const
     const auto found = m_fonts.find(&face);
     return found != m_fonts.end()
                ? found->second
-               : m_fonts.emplace(&face, MeasuringFont(face.m_identity, Metrics().unitsPerEm)).first->second;
+               : m_fonts.emplace(&face, MeasuringFont(face.m_drawn, Metrics().unitsPerEm)).first->second;
 }
 
 }  // namespace quillmarker

@@ -61,6 +61,7 @@ private:
     const QFont& FontOf(const QtFace& face) const;
 
     FaceIdentity m_identity;
+    FaceIdentity m_drawn;  // the same, in a weight that the family has
     FaceFinder& m_finder;
     QRawFont m_raw;                                  // at one pixel to a font unit
     mutable std::map<const QtFace*, QFont> m_fonts;  // of this face and its fallbacks, at this face's pixel size

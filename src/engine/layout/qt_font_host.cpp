@@ -103,9 +103,8 @@ const QtFace& QtFontHost::FaceOf(const FaceIdentity& identity)
 
 const QtFace* QtFontHost::FallbackFor(const QtFace& face, char32_t character)
 {
-    const FaceIdentity identity = face.Identity();
-    const std::optional<QString>& family = m_fallbacks.FamilyFor(identity, character);
-    return family ? &FaceOf({*family, identity.weight, identity.italic}) : nullptr;
+    const std::optional<FaceIdentity>& fallback = m_fallbacks.FaceFor(face.Identity(), character);
+    return fallback ? &FaceOf(*fallback) : nullptr;
 }
 
 QString QtFontHost::Installed(const QString& family) const { return m_families.value(family.toCaseFolded()); }

@@ -7,7 +7,6 @@ namespace quillmarker
 namespace
 {
 
-constexpr std::array<std::uint8_t, 6> kUnbroken{};
 constexpr std::array<std::uint8_t, 6> kDots{1, 1};
 constexpr std::array<std::uint8_t, 6> kDashes{4, 2};
 constexpr std::array<std::uint8_t, 6> kDashDots{4, 2, 1, 2};

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QVariant>
 
 #include <utility>
@@ -18,8 +19,10 @@ public:
 
     void SetContent(std::unique_ptr<QMimeData> content) override
     {
-        if (Board() && content)
-            Board()->setMimeData(content.release());  // which takes it over
+        if (!Board() || !content)
+            return;
+        m_own = content.get();
+        Board()->setMimeData(content.release());  // which takes it over
     }
 
     void Clear() override
@@ -28,10 +31,16 @@ public:
             Board()->clear();
     }
 
-    bool IsOwn() const override { return Board() && Board()->ownsClipboard(); }
+    /// Not every platform knows whose it is.
+    bool IsOwn() const override
+    {
+        return Board() && (Board()->ownsClipboard() || (m_own && Board()->mimeData() == m_own));
+    }
 
 private:
     static QClipboard* Board() { return qGuiApp ? QGuiApplication::clipboard() : nullptr; }
+
+    QPointer<const QMimeData> m_own;
 };
 
 /// A copy of what this program has put on the clipboard, so that another format can be put beside it.

@@ -93,6 +93,14 @@ void InfoEntry(Reader& reader, const Keyword& keyword, const Parameter&)
     reader.Enter(Destination::InfoText);
 }
 
+/// Inside of itself it would cut what is kept of a date.
+void EnterInfo(Reader& reader, const Keyword&, const Parameter&)
+{
+    if (reader.IsIn(Destination::InfoTime) || reader.IsIn(Destination::InfoText))
+        return reader.SkipGroup();
+    reader.Enter(Destination::Info);
+}
+
 void InfoTime(Reader& reader, const Keyword& keyword, const Parameter&)
 {
     std::string& kept = reader.Properties().infoKept;

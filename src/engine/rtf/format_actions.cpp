@@ -125,7 +125,7 @@ void KeepInParagraph(Reader& reader, const Keyword& keyword, const Parameter& pa
 void SetStyle(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::Styles))
-        reader.Styles().Begin(StyleKind::Paragraph, parameter.value);
+        reader.BeginStyle(StyleKind::Paragraph, parameter.value);
     else
         reader.ParagraphProperties().style = reader.Styles().ParagraphStyle(parameter.value);
 }
@@ -133,7 +133,7 @@ void SetStyle(Reader& reader, const Keyword&, const Parameter& parameter)
 void SetCharacterStyle(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::Styles))
-        reader.Styles().Begin(StyleKind::Character, parameter.value);
+        reader.BeginStyle(StyleKind::Character, parameter.value);
     else
         reader.Chars().style = reader.Styles().CharacterStyle(parameter.value);
 }
@@ -141,7 +141,7 @@ void SetCharacterStyle(Reader& reader, const Keyword&, const Parameter& paramete
 void SetOtherStyle(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::Styles))
-        reader.Styles().Begin(StyleKind::Other, parameter.value);
+        reader.BeginStyle(StyleKind::Other, parameter.value);
 }
 
 void SetList(Reader& reader, const Keyword&, const Parameter& parameter)

@@ -124,4 +124,20 @@ std::string CharWords(const CharFormat& from, const CharFormat& to, const Writer
     return out;
 }
 
+std::string DefinitionWords(const StyleDefinition& definition, StyleKind kind, const WriterTables& tables)
+{
+    const auto withoutBlank = [](std::string words) {
+        if (words.ends_with(' '))
+            words.pop_back();
+        return words;
+    };
+    std::string out;
+    if (kind == StyleKind::Paragraph)
+        out = withoutBlank(ParagraphWords(definition.paragraph, 0, tables)).substr(std::string_view("\\pard").size());
+    CharFormat chars = definition.chars;
+    if (chars.offset != Twips() && chars.size == Twips())
+        chars.size = Points(12);  // an offset is never written without a size
+    return out + withoutBlank(CharWords({}, chars, tables)) + definition.kept;
+}
+
 }  // namespace quillmarker

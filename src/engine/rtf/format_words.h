@@ -24,6 +24,9 @@ std::string CharWords(const CharFormat& from, const CharFormat& to, const Writer
 /// All of a paragraph's format from \pard on.
 std::string ParagraphWords(const ParagraphFormat& format, int tableDepth, const WriterTables& tables);
 
+/// What a style states, without a blank behind it.
+std::string DefinitionWords(const StyleDefinition& definition, StyleKind kind, const WriterTables& tables);
+
 std::string RowWords(const TableRow& row, const WriterTables& tables);
 
 /// A section's properties from \sectd on, without its headers.

@@ -138,4 +138,72 @@ void SetNumberFont(Reader& reader, const Keyword&, const Parameter& parameter)
     reader.NumberingNow().font = reader.Fonts().IndexOf(parameter.value);
 }
 
+/// What text has anyway; a style that states it is taken for one that states none.
+constexpr Twips kUnstatedSize = Points(12);
+
+/// What stands before it says nothing of the style, so that no entry makes another one longer.
+void Reader::BeginStyle(StyleKind kind, std::int32_t number)
+{
+    m_styles.Begin(kind, number);
+    ResetParagraph();
+    ResetChars();
+    Chars().size = kUnstatedSize;
+    Chars().language = 0;
+}
+
+void Reader::EndStyle()
+{
+    const ReaderState& state = State();
+    StyleEntry& entry = m_styles.Current();
+    entry.chars = state.chars;
+    entry.chars.field = {};
+    entry.chars.font = {};
+    entry.chars.charset = {};
+    entry.chars.family = {};
+    SetFontOf(entry.chars, state.font);
+    if (entry.chars.size == kUnstatedSize)
+        entry.chars.size = {};
+    entry.paragraph = state.paragraph;
+    entry.list = state.list;
+    entry.listLevel = state.listLevel;
+    m_styles.EndEntry();
+}
+
+/// Once all is read, also the lists, which stand behind the styles.
+void Reader::DefineStyles()
+{
+    for (const StyleKind kind : {StyleKind::Paragraph, StyleKind::Character})
+    {
+        for (const auto& [number, entry] : m_styles.Of(kind))
+        {
+            StyleDefinition definition{.chars = entry.chars,
+                                       .paragraph = entry.paragraph,
+                                       .basedOn = m_styles.Referred(kind, entry.basedOn),
+                                       .next = m_styles.Referred(kind, entry.next),
+                                       .kept = entry.kept};
+            definition.paragraph.numbering =
+                entry.list != 0 ? ListNumbering(entry.list, entry.listLevel) : Shared<Numbering>();
+            m_formats->DefineStyle(kind, entry.name, std::move(definition));
+        }
+    }
+}
+
+void KeepInStyle(Reader& reader, const Keyword& keyword, const Parameter& parameter)
+{
+    if (reader.IsIn(Destination::Styles))
+        KeepWord(reader.Styles().Current().kept, keyword.name, parameter, kMaxKeptRepeated);
+}
+
+void SetBaseStyle(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    if (reader.IsIn(Destination::Styles))
+        reader.Styles().Current().basedOn = parameter.value;
+}
+
+void SetNextStyle(Reader& reader, const Keyword&, const Parameter& parameter)
+{
+    if (reader.IsIn(Destination::Styles))
+        reader.Styles().Current().next = parameter.value;
+}
+
 }  // namespace quillmarker

@@ -110,26 +110,39 @@ void StyleSheet::Begin(StyleKind kind, std::int32_t number)
 {
     m_kind = kind;
     m_number = number;
+    m_current = {};
 }
 
 void StyleSheet::EndEntry()
 {
     m_name.resize(std::min(m_name.size(), kMaxNameLength));
     Name name(Trimmed(std::exchange(m_name, {})));
-    Names* names = m_kind == StyleKind::Paragraph   ? &m_paragraph
-                   : m_kind == StyleKind::Character ? &m_character
-                                                    : nullptr;
+    Entries* entries = m_kind == StyleKind::Paragraph   ? &m_paragraph
+                       : m_kind == StyleKind::Character ? &m_character
+                                                        : nullptr;
     // Style 0 is what text has when no style is said, so its name says nothing.
-    if (names && m_number != 0 && !name.IsEmpty() && names->size() < kMaxStyles)
-        names->insert_or_assign(m_number, std::move(name));
+    if (entries && m_number != 0 && !name.IsEmpty() && entries->size() < kMaxStyles)
+    {
+        m_current.name = std::move(name);
+        entries->insert_or_assign(m_number, std::move(m_current));
+    }
+    m_current = {};
     m_kind = StyleKind::Paragraph;
     m_number = 0;
 }
 
-Name StyleSheet::Find(const Names& names, std::int32_t number)
+Name StyleSheet::Find(const Entries& entries, std::int32_t number)
 {
-    const auto found = names.find(number);
-    return found == names.end() ? Name() : found->second;
+    const auto found = entries.find(number);
+    return found == entries.end() ? Name() : found->second.name;
+}
+
+std::optional<Name> StyleSheet::Referred(StyleKind kind, std::optional<std::int32_t> number) const
+{
+    if (number == 0)
+        return Name();
+    const Name found = number ? Find(Of(kind), *number) : Name();
+    return found.IsEmpty() ? std::optional<Name>() : found;
 }
 
 void ListTable::BeginLevel()

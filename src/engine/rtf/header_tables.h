@@ -5,9 +5,11 @@
 
 #include <quillmarker/char_format.h>
 #include <quillmarker/paragraph_format.h>
+#include <quillmarker/style_definition.h>
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -73,7 +75,18 @@ private:
     std::vector<Colour> m_colours;
 };
 
-enum class StyleKind : std::uint8_t { Paragraph, Character, Other };
+/// A style as its entry states it; other styles by their numbers.
+struct StyleEntry
+{
+    Name name;
+    CharFormat chars;
+    ParagraphFormat paragraph;
+    std::int32_t list = 0;  // \ls: the table of lists stands behind that of styles
+    std::int32_t listLevel = 0;
+    std::optional<std::int32_t> basedOn;
+    std::optional<std::int32_t> next;
+    std::string kept;
+};
 
 class StyleSheet
 {
@@ -82,20 +95,28 @@ public:
 
     void Begin(StyleKind kind, std::int32_t number);
     void EndEntry();
+    StyleEntry& Current() { return m_current; }
     std::u16string& CurrentName() { return m_name; }
 
     Name ParagraphStyle(std::int32_t number) const { return Find(m_paragraph, number); }
     Name CharacterStyle(std::int32_t number) const { return Find(m_character, number); }
 
+    /// The styles of a kind, by their numbers.
+    using Entries = std::map<std::int32_t, StyleEntry>;
+    const Entries& Of(StyleKind kind) const { return kind == StyleKind::Paragraph ? m_paragraph : m_character; }
+
+    /// The style that another one of its kind refers to: an empty name is the normal style; none when there is no such.
+    std::optional<Name> Referred(StyleKind kind, std::optional<std::int32_t> number) const;
+
 private:
-    using Names = std::unordered_map<std::int32_t, Name>;
-    static Name Find(const Names& names, std::int32_t number);
+    static Name Find(const Entries& entries, std::int32_t number);
 
     StyleKind m_kind = StyleKind::Paragraph;
     std::int32_t m_number = 0;
     std::u16string m_name;
-    Names m_paragraph;
-    Names m_character;
+    StyleEntry m_current;
+    Entries m_paragraph;
+    Entries m_character;
 };
 
 struct ListLevel

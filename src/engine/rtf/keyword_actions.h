@@ -59,11 +59,15 @@ Action SetLandscape;
 Action SetSectionLandscape;
 Action SetTitlePage;
 Action InfoEntry;
+Action EnterInfo;
 Action InfoNumber;
 Action InfoTime;
 Action InfoTimePart;
 
-// The head: fonts, lists.
+// The head: fonts, styles, lists.
+Action KeepInStyle;
+Action SetBaseStyle;
+Action SetNextStyle;
 Action SetAnsiPage;
 Action SetDefaultFontWord;
 Action SetDefaultLanguageWord;

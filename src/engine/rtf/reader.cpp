@@ -72,6 +72,7 @@ Document Reader::Read()
     if (const Shared<Section> last = isWhole ? story.TakeFinalSection() : Shared<Section>())
         m_section = *last;
     m_properties.lastSection = m_section;
+    DefineStyles();
     Body body = story.Finish(m_openEnd ? *m_openEnd : MarkNow(Mark::Break), m_options.scope == RtfScope::Document);
     const bool hasProperties = m_options.scope == RtfScope::Document && !(m_properties == DocumentFormat());
     return {std::move(body), m_formats, hasProperties ? Shared(std::move(m_properties)) : Shared<DocumentFormat>()};
@@ -178,6 +179,16 @@ void Reader::ResetParagraph()
     m_border = {};
 }
 
+void Reader::SetFontOf(CharFormat& format, std::int32_t font) const
+{
+    if (font < 0)
+        return;
+    const FontEntry& entry = m_fonts[font];
+    format.font = entry.name;
+    format.family = entry.family;
+    format.charset = static_cast<std::uint8_t>(entry.charset < 0 ? 0 : entry.charset);
+}
+
 CharFormatId Reader::CharsId()
 {
     ReaderState& state = m_states.Note();
@@ -187,13 +198,7 @@ CharFormatId Reader::CharsId()
     std::int32_t font = state.font >= 0 ? state.font : m_fonts.IndexOf(m_defaultFont);
     if (font < 0 && !m_fonts.IsEmpty())
         font = 0;
-    if (font >= 0)
-    {
-        const FontEntry& entry = m_fonts[font];
-        format.font = entry.name;
-        format.family = entry.family;
-        format.charset = static_cast<std::uint8_t>(entry.charset < 0 ? 0 : entry.charset);
-    }
+    SetFontOf(format, font);
     state.charsId = m_formats->Intern(format);
     state.charsKnown = true;
     return state.charsId;

@@ -71,6 +71,8 @@ public:
     void ResetChars();
     void ResetParagraph();
 
+    void BeginStyle(StyleKind kind, std::int32_t number);
+
     // Groups.
     bool Enter(Destination destination);  // false: the group was skipped
     void SkipGroup();
@@ -129,6 +131,9 @@ private:
     const Decoder& DecoderOf(const FontEntry& font) const;
     bool HasRoomFor(std::size_t units);
 
+    void SetFontOf(CharFormat& format, std::int32_t font) const;
+    void EndStyle();
+    void DefineStyles();
     CharFormatId CharsId();
     ParagraphFormatId ParagraphId();
     ParagraphMark MarkNow(Mark kind);

@@ -222,7 +222,7 @@ void Reader::PutName(std::u16string_view text)
         else if (IsIn(Destination::Colours))
             m_colours.EndEntry();
         else
-            m_styles.EndEntry();
+            EndStyle();
     }
     PutNamePart(text);
 }

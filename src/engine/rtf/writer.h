@@ -1,9 +1,9 @@
 #pragma once
 
-#include "engine/document/numbering_text.h"
 #include "engine/rtf/format_words.h"
 #include "engine/rtf/writer_tables.h"
 
+#include <quillmarker/numbering_text.h>
 #include <quillmarker/rtf.h>
 
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include "engine/rtf/writer_tables.h"
 
 #include "engine/document/tree.h"
+#include "engine/rtf/format_words.h"
 #include "engine/rtf/header_tables.h"
 #include "engine/rtf/text_escape.h"
 
@@ -93,7 +94,7 @@ void WriterTables::Gather(const CharFormat& format)
     Gather(format.colour);
     Gather(format.highlight);
     Gather(format.underlineColour);
-    GatherStyle(m_characterStyles, m_characterStyleList, format.style, kFirstCharacterStyle);
+    GatherStyle(StyleKind::Character, format.style);
 }
 
 void WriterTables::Gather(const ParagraphFormat& format)
@@ -107,7 +108,7 @@ void WriterTables::Gather(const ParagraphFormat& format)
         Gather(format.shading->fill);
         Gather(format.shading->foreground);
     }
-    GatherStyle(m_paragraphStyles, m_paragraphStyleList, format.style, 1);
+    GatherStyle(StyleKind::Paragraph, format.style);
 }
 
 void WriterTables::Gather(const Numbering& numbering)
@@ -154,10 +155,55 @@ void WriterTables::GatherFont(const Name& name, std::uint8_t charset, FontFamily
         m_fontList.push_back(std::move(key));
 }
 
-void WriterTables::GatherStyle(StyleNumbers& styles, std::vector<Name>& names, const Name& style, std::int32_t first)
+/// A style, and those it is based on.
+void WriterTables::GatherStyle(StyleKind kind, const Name& style)
 {
-    if (!style.IsEmpty() && styles.emplace(style.Text(), first + static_cast<std::int32_t>(names.size())).second)
-        names.push_back(style);
+    const bool isParagraph = kind == StyleKind::Paragraph;
+    StyleNumbers& numbers = isParagraph ? m_paragraphStyles : m_characterStyles;
+    std::vector<Name>& names = isParagraph ? m_paragraphStyleList : m_characterStyleList;
+    for (Name at = style; !at.IsEmpty();)
+    {
+        const auto count = static_cast<std::int32_t>(names.size());
+        if (!numbers.emplace(at.Text(), (isParagraph ? 1 : kFirstCharacterStyle) + count).second)
+            return;
+        names.push_back(at);
+        const StyleDefinition* definition = m_document.Formats().StyleOf(kind, at);
+        if (!definition)
+            return;
+        Gather(*definition);
+        at = definition->basedOn.value_or(Name());
+    }
+}
+
+void WriterTables::Gather(const StyleDefinition& definition)
+{
+    const CharFormat& chars = definition.chars;
+    if (!chars.font.IsEmpty())
+        GatherFont(chars.font, chars.charset, chars.family);
+    Gather(chars.colour);
+    Gather(chars.highlight);
+    Gather(chars.underlineColour);
+    Gather(definition.paragraph);
+}
+
+/// A style's number and what it means, in words behind which its name may stand.
+std::string WriterTables::StyleWords(StyleKind kind, const Name& style) const
+{
+    const bool isParagraph = kind == StyleKind::Paragraph;
+    const StyleNumbers& numbers = isParagraph ? m_paragraphStyles : m_characterStyles;
+    std::string out;
+    AppendWord(out, isParagraph ? "s" : "cs", Number(numbers, style));
+    if (const StyleDefinition* definition = m_document.Formats().StyleOf(kind, style))
+    {
+        out += DefinitionWords(*definition, kind, *this);
+        const auto refer = [&](const char* word, const std::optional<Name>& other) {
+            if (other && (other->IsEmpty() || numbers.contains(other->Text())))
+                AppendWord(out, word, Number(numbers, *other));
+        };
+        refer("sbasedon", definition->basedOn);
+        refer("snext", definition->next);
+    }
+    return out + ' ';
 }
 
 std::int32_t WriterTables::Font(const Name& name, std::uint8_t charset, FontFamily family) const
@@ -223,17 +269,13 @@ void WriterTables::WriteStyles(std::string& out) const
     out += "{\\stylesheet{\\s0 Normal;}";
     for (const Name& style : m_paragraphStyleList)
     {
-        out += '{';
-        AppendWord(out, "s", ParagraphStyle(style));
-        out += ' ';
+        out += '{' + StyleWords(StyleKind::Paragraph, style);
         AppendEscapedName(style.Text(), out);
         out += ";}";
     }
     for (const Name& style : m_characterStyleList)
     {
-        out += "{\\*";
-        AppendWord(out, "cs", CharacterStyle(style));
-        out += ' ';
+        out += "{\\*" + StyleWords(StyleKind::Character, style);
         AppendEscapedName(style.Text(), out);
         out += ";}";
     }

@@ -50,7 +50,9 @@ private:
     void Gather(Colour colour);
     void GatherFont(const Name& name, std::uint8_t charset, FontFamily family);
     static std::int32_t Number(const StyleNumbers& styles, const Name& style);
-    static void GatherStyle(StyleNumbers& styles, std::vector<Name>& names, const Name& style, std::int32_t first);
+    void GatherStyle(StyleKind kind, const Name& style);
+    void Gather(const StyleDefinition& definition);
+    std::string StyleWords(StyleKind kind, const Name& style) const;
 
     void WriteFonts(std::string& out) const;
     void WriteColours(std::string& out) const;

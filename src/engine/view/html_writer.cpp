@@ -3,8 +3,9 @@
 #include "html_style.h"
 #include "picture_exchange.h"
 
-#include "engine/document/numbering_text.h"
 #include "engine/layout/picture_image.h"
+
+#include <quillmarker/numbering_text.h>
 
 #include <algorithm>
 #include <cmath>

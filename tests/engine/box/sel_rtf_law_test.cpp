@@ -70,6 +70,21 @@ TEST_P(SelRtfLaw, PuttingBackWhatWasReadChangesNothing)
     }
 }
 
+// Equal neighbours are told apart by their order alone, whichever was there first.
+TEST(SelRtf, PartsOfTwoEqualFieldsPutBackStayPartsOfThem)
+{
+    constexpr std::u16string_view kLink = uR"({\rtf1{\field{\*\fldinst HYPERLINK "x"}{\fldrslt link}}})";
+    TextBox box;
+    box.SetSelRTF(kLink);
+    box.SetSelStart(0);
+    box.SetSelRTF(kLink);  // the new one stands before the old one
+    const Document before = box.Value();
+    box.SetSelStart(0);
+    box.SetSelLength(6);
+    box.SetSelRTF(box.SelRTF());
+    EXPECT_TRUE(SameContent(before, box.Value())) << Dump(box.Value());
+}
+
 TEST_P(SelRtfLaw, TheWholeLooksTheSameInAnotherBox)
 {
     TextBox box;

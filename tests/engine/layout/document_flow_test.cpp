@@ -2,6 +2,7 @@
 
 #include "engine/document/edit.h"
 #include "engine/document/format_edit.h"
+#include "engine/layout/text_steps.h"
 #include "support/random_document.h"
 
 #include <gtest/gtest.h>
@@ -258,6 +259,25 @@ TEST(DocumentFlowLaw, FollowingEditsGivesWhatAFreshFlowGives)
                 FAIL() << "round " << round << ", edit " << edit;
         }
     }
+}
+
+TEST(DocumentFlowLaw, WhatIsSaidToTakeNoRoomTakesNone)
+{
+    std::mt19937 random(94);
+    int hidden = 0;
+    for (int round = 0; round < 60; ++round)
+    {
+        FlowSample sample(RandomDocument(random, u"ab", 20), 10);
+        for (std::int32_t i = 0; i < 20; ++i)
+        {
+            const Fine estimate = sample.flow.TopOf(i + 1) - sample.flow.TopOf(i);
+            const bool takesRoom = sample.flow.LayoutOf(i).Height() > 0;
+            ASSERT_EQ(TakesRoom(sample.flow.Value(), sample.flow.Value().ParagraphAt(i)), takesRoom);
+            ASSERT_EQ(estimate > 0, takesRoom) << "round " << round << ", paragraph " << i;
+            hidden += takesRoom ? 0 : 1;
+        }
+    }
+    EXPECT_GT(hidden, 100) << "of those there must be some";
 }
 
 TEST(DocumentFlowLaw, WhatIsVisibleIsExactAfterSettling)

@@ -16,10 +16,7 @@ std::string Number(double value)
     return text;
 }
 
-std::string Number(Fine value)
-{
-    return Number(InTwips(value));
-}
+std::string Number(Fine value) { return Number(InTwips(value)); }
 
 const char* NameOf(LineEnd ending)
 {
@@ -44,10 +41,7 @@ std::string Ascii(std::u16string_view text)
     return out;
 }
 
-std::string At(QPointF point)
-{
-    return Number(point.x()) + "," + Number(point.y());
-}
+std::string At(QPointF point) { return Number(point.x()) + "," + Number(point.y()); }
 
 std::string At(const QRectF& rectangle)
 {
@@ -91,12 +85,16 @@ struct ItemDump
     std::string operator()(const BorderLine& line) const
     {
         return "border " + At(line.from) + " to " + At(line.to) + " style " +
-               std::to_string(static_cast<int>(line.border.style)) + " width " + std::to_string(line.border.width.value);
+               std::to_string(static_cast<int>(line.border.style)) + " width " +
+               std::to_string(line.border.width.value);
     }
     std::string operator()(const PlacedPicture& picture) const { return "picture " + At(picture.rectangle); }
     std::string operator()(const BeginClip& clip) const { return "clip " + At(clip.rectangle); }
     std::string operator()(const EndClip&) const { return "end clip"; }
-    std::string operator()(const LinkArea& link) const { return "link " + At(link.rectangle) + " " + Ascii(link.target); }
+    std::string operator()(const LinkArea& link) const
+    {
+        return "link " + At(link.rectangle) + " " + Ascii(link.target);
+    }
 };
 
 }  // namespace
@@ -106,9 +104,9 @@ std::string Dump(const ParagraphLayout& layout)
     const std::u16string_view text = layout.Source().Text();
     std::string out;
     for (const Line& line : layout.Lines())
-        out += std::string(NameOf(line.ending)) + " top " + Number(line.top) + " height " + Number(line.height) + " baseline " +
-               Number(line.baseline) + " left " + Number(line.left) + " width " + Number(line.width) + " [" +
-               Ascii(text.substr(line.begin, line.end - line.begin)) + "]\n";
+        out += std::string(NameOf(line.ending)) + " top " + Number(line.top) + " height " + Number(line.height) +
+               " baseline " + Number(line.baseline) + " left " + Number(line.left) + " width " + Number(line.width) +
+               " [" + Ascii(text.substr(line.begin, line.end - line.begin)) + "]\n";
     return out + "height " + Number(layout.Height()) + "\n";
 }
 

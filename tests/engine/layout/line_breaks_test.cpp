@@ -1,3 +1,4 @@
+#include "engine/layout/boundary_rules.h"
 #include "engine/layout/line_breaks.h"
 
 #include <gtest/gtest.h>
@@ -97,32 +98,37 @@ TEST(LineBreaks, CharactersAreNeverCutInTwo)
     EXPECT_EQ(breaks.LastCharacterUpTo(2, 1), 3U);
 }
 
-/// Looking back from a place finds the last of what looking forward finds.
-void ExpectBothDirectionsAgree(const std::u16string& text, std::uint16_t language)
+/// What ICU says of the whole text at once, and what holds beside.
+std::set<std::uint32_t> AllPlaces(const std::u16string& text, const char* locale)
 {
-    LineBreaks breaks(text, language);
-    std::set<std::uint32_t> places;
-    for (std::uint32_t at = 0; at < text.size(); at = breaks.NextBehind(at))
+    const BoundaryRules rules(UBRK_LINE, locale, text);
+    const auto size = static_cast<std::uint32_t>(text.size());
+    std::set<std::uint32_t> places = {0, size};
+    for (std::uint32_t at = 0; at < size; at = rules.NextBehind(at))
         places.insert(at);
-    for (std::uint32_t at = 0; at < text.size(); ++at)
+    for (std::uint32_t at = 0; at < size; ++at)
     {
-        ASSERT_EQ(breaks.LastUpTo(at, 0), *std::prev(places.upper_bound(at)))
-            << ::testing::PrintToString(text) << " at " << at;
+        if (text[at] == u'\t' || text[at] == u'\x000E')
+            places.insert(at + 1);
     }
+    return places;
 }
 
-/// What takes the fast way gets what the rules say, at every place.
-void ExpectLaw(const std::u16string& text, std::uint16_t language)
+/// Every way, from any place to any other, gives what ICU says of the whole text.
+void ExpectLaw(std::mt19937& random, const std::u16string& text, std::uint16_t language, const char* locale)
 {
-    ExpectBothDirectionsAgree(text, language);
-    LineBreaks fast(text, language);
-    LineBreaks rules(text, language, LineBreaks::Means::RulesOnly);
-    for (std::uint32_t at = 0; at <= text.size(); ++at)
+    const std::set<std::uint32_t> places = AllPlaces(text, locale);
+    for (const LineBreaks::Means means : {LineBreaks::Means::FastWherePossible, LineBreaks::Means::RulesOnly})
     {
-        ASSERT_EQ(fast.NextBehind(at), rules.NextBehind(at)) << ::testing::PrintToString(text) << " at " << at;
-        ASSERT_EQ(fast.LastUpTo(at, 0), rules.LastUpTo(at, 0)) << ::testing::PrintToString(text) << " at " << at;
-        const std::uint32_t after = at / 2;
-        ASSERT_EQ(fast.LastUpTo(at, after), rules.LastUpTo(at, after)) << ::testing::PrintToString(text) << at;
+        LineBreaks breaks(text, language, means);
+        for (std::size_t probe = 0; probe < 2 * text.size(); ++probe)
+        {
+            const auto at = static_cast<std::uint32_t>(random() % text.size());
+            const std::uint32_t after = random() % 2 ? 0 : at / 2;
+            ASSERT_EQ(breaks.NextBehind(at), *places.upper_bound(at)) << ::testing::PrintToString(text) << " at " << at;
+            ASSERT_EQ(breaks.LastUpTo(at, after), std::max(after, *std::prev(places.upper_bound(at))))
+                << ::testing::PrintToString(text) << " at " << at;
+        }
     }
 }
 
@@ -133,26 +139,42 @@ TEST(LineBreaksLaw, TheFastWayAgreesWithTheRulesInAscii)
     for (int round = 0; round < 6000; ++round)
     {
         std::u16string text;
-        for (unsigned length = random() % 24; length > 0; --length)
+        for (unsigned length = 1 + random() % 24; length > 0; --length)
             text += random() % 8 ? common[random() % common.size()] : static_cast<char16_t>(random() % 0x80);
-        ExpectLaw(text, kEnglish);
+        ExpectLaw(random, text, kEnglish, "");
     }
 }
 
 TEST(LineBreaksLaw, TheFastWayAgreesWithTheRulesInAllOfUnicode)
 {
     std::mt19937 random(12);
-    const std::u16string common =
-        u"  ab09,.()\u00A0\u00AD\u2019\u201C\u00AB\u05D0\u0E01\u6F22\u3002\uFFFC\u0301\u200D\u200B\U0001F468\u2028";
-    for (const std::uint16_t language : {std::uint16_t{0}, kEnglish, kJapanese, std::uint16_t{0x0B}})
+    const std::u16string common = u"  ab09,.()-\u00A0\u00AD\u00E9\u0142\u0416\u03C9\u2019\u201C\u00AB\u05D0\u0E01\u6F22"
+                                  u"\u5B57\u304B\u3002\uFFFC\u0301\u200D\u200B\U0001F468\u2028";
+    struct Language
     {
-        for (int round = 0; round < 2000; ++round)
+        std::uint16_t number;
+        const char* locale;
+    };
+    for (const Language language : {Language{0, ""}, {kEnglish, ""}, {kJapanese, "ja"}, {0x040B, "fi"}})
+    {
+        for (int round = 0; round < 3000; ++round)
         {
             std::u16string text;
-            for (unsigned length = random() % 20; length > 0; --length)
-                text += random() % 4 ? common[random() % common.size()] : static_cast<char16_t>(random());
-            ExpectLaw(text, language);
+            for (unsigned length = 1 + random() % 30; length > 0; --length)
+                text += random() % 5 ? common[random() % common.size()] : static_cast<char16_t>(random());
+            ExpectLaw(random, text, language.number, language.locale);
         }
+    }
+}
+
+TEST(LineBreaksLaw, EveryLetterTakenForOneOfAnAlphabetIsOne)
+{
+    std::mt19937 random(14);
+    for (char16_t unit = 0x21; unit < 0x500; ++unit)
+    {
+        for (const std::u16string& text : {std::u16string{u'a', unit, u'b', u' ', unit, u' ', u'c', unit, unit},
+                                           std::u16string{unit, u',', unit, u' ', u'1', unit, u')', u'(', unit}})
+            ExpectLaw(random, text, kEnglish, "");
     }
 }
 

@@ -155,5 +155,35 @@ TEST_F(PageBytes, APageThatWasReadPaintsEveryPixelTheSame)
     EXPECT_EQ(QColor(before.pixel(70, 150)), QColor(Qt::darkGreen)) << "the picture is there";
 }
 
+// A host whose fonts have other glyphs under other numbers.
+class OtherFonts final : public FontHost
+{
+public:
+    explicit OtherFonts(FontHost& fonts) : m_face(fonts.Face(FontRequest{.name = u"DejaVu Sans"})) {}
+
+    const FontFace& Face(const FontRequest&) override { return m_face; }
+    const FontFace& Face(const FaceIdentity&) override { return m_face; }
+
+private:
+    const FontFace& m_face;
+};
+
+TEST_F(PageBytes, AFontThatIsGoneIsReplacedByTheSameLettersOfAnother)
+{
+    PageRecord page;
+    page.list.Add(RunOf(page.list, m_fonts->Face(FontRequest{.name = u"Liberation Sans"}), u"\u0416uill", 240, {}));
+    OtherFonts others(*m_fonts);
+    const auto read = PageFromBytes(ToBytes(page), others);
+    ASSERT_TRUE(read);
+    const FontFace& other = others.Face(FaceIdentity());
+    const auto& glyphs = std::get<GlyphRun>(read->list.items[0]).glyphs;
+    const auto& before = std::get<GlyphRun>(page.list.items[0]).glyphs;
+    ASSERT_EQ(glyphs.size(), 5U);
+    ASSERT_NE(other.Simple(u'\u0416').glyph, before[0].glyph) << "the sample's fonts number their glyphs alike";
+    EXPECT_EQ(glyphs[0].glyph, other.Simple(u'\u0416').glyph);
+    EXPECT_EQ(glyphs[4].glyph, other.Simple(u'l').glyph);
+    EXPECT_EQ(glyphs[4].x, before[4].x);
+}
+
 }  // namespace
 }  // namespace quillmarker

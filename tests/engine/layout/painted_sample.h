@@ -42,4 +42,52 @@ inline QImage PaintedImage(const DisplayList& list, QSize pixels, double zoom = 
     return image;
 }
 
+inline constexpr Colour kRed = Colour::Of(255, 0, 0);
+inline constexpr Colour kBlue = Colour::Of(0, 0, 255);
+inline constexpr QRgb kRedPixel = 0xFFFF0000;
+inline constexpr QRgb kWhitePixel = 0xFFFFFFFF;
+inline constexpr QRgb kBlackPixel = 0xFF000000;
+
+inline QRectF PixelRectangle(double x, double y, double width, double height)
+{
+    return {x * kTwipsAPixel, y * kTwipsAPixel, width * kTwipsAPixel, height * kTwipsAPixel};
+}
+
+inline QPointF PixelPoint(double x, double y) { return QPointF(x, y) * kTwipsAPixel; }
+
+inline DisplayList Single(DisplayItem item)
+{
+    DisplayList list;
+    list.Add(std::move(item));
+    return list;
+}
+
+inline int CountOf(const QImage& image, QRgb colour)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+    {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixel(x, y) == colour ? 1 : 0;
+    }
+    return count;
+}
+
+// The smallest rectangle around all that is not white.
+inline QRect Inked(const QImage& image)
+{
+    QRect inked;
+    for (int y = 0; y < image.height(); ++y)
+    {
+        for (int x = 0; x < image.width(); ++x)
+        {
+            if (image.pixel(x, y) != kWhitePixel)
+                inked |= QRect(x, y, 1, 1);
+        }
+    }
+    return inked;
+}
+
+inline constexpr QSize kSmall(80, 40);
+
 }  // namespace quillmarker

@@ -35,10 +35,12 @@ constexpr Case kCases[] = {
     {"tabs_left", "\\tx500 a\\tab b\\tab c\\tab d", {3000}},
     {"tabs_kinds", "\\tqr\\tx500\\tqc\\tx1000\\tqdec\\tx1500 a\\tab bb\\tab cc\\tab 12.34", {3000}},
     {"tabs_leaders", "\\tldot\\tx500\\tlhyph\\tqr\\tx1000\\tlul\\tx1500 a\\tab b\\tab c\\tab d", {3000}},
-    {"tabs_bar", "\\tb\\tx400\\tx800 a\\tab b", {3000}},
+    {"tabs_bar", "\\tb400\\tx800 a\\tab b", {3000}},
     {"tab_at_margin", "\\tqr\\tx1200 a\\tab bb", {1000}},
     {"tab_wraps", "aaaaaaa\\tab bbbb cccc", {1000}},
-    {"bullet", "{\\pntext\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnindent360{\\pntxtb\\'b7}}\\fi-360\\li360 one two three four", {1200}},
+    {"bullet",
+     "{\\pntext\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnindent360{\\pntxtb\\'b7}}\\fi-360\\li360 one two three four",
+     {1200}},
     {"number", "{\\*\\pn\\pnlvlbody\\pndec\\pnstart7\\pnindent300{\\pntxta .}}\\fi-300\\li300 one two three", {1200}},
     {"breaks", "one\\line two\\page three\\column four", {3000}},
     {"hidden", "one {\\v hidden words }two three", {700}},
@@ -77,8 +79,9 @@ TEST_P(ParagraphGoldens, LinesAndDrawingAreTheRecordedOnes)
 {
     const Case& shown = GetParam();
     FixedFontHost fonts;
-    const Document document = ReadRtf("{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Fixed;}}{\\colortbl;\\red255\\green255\\blue0;}\\f0\\fs20 " +
-                                      std::string(shown.rtf) + "\\par}");
+    const Document document =
+        ReadRtf("{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Fixed;}}{\\colortbl;\\red255\\green255\\blue0;}\\f0\\fs20 " +
+                std::string(shown.rtf) + "\\par}");
     NumberIndex numbers;
     const ParagraphLayout layout(document.SharedParagraphAt(0), document.Formats(), fonts,
                                  ContextOf(document, 0, shown.width, numbers));

@@ -101,6 +101,12 @@ TEST(ReadInfo, TextsDatesAndCountsAreKept)
     EXPECT_EQ(document.Text(), u"x");
 }
 
+TEST(ReadInfo, PropertiesInsideOfADateAreNotReadIntoIt)
+{
+    const Document document = ReadSample(R"({\info{\creatim\yr2003{\info{\revtim\yr2004}}\sec32}}x)");
+    EXPECT_EQ(document.Properties().infoKept, "{\\creatim\\yr2003\\sec32}");
+}
+
 TEST(ReadInfo, AFragmentBringsNoPropertiesOfADocument)
 {
     const Document fragment =

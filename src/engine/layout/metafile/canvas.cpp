@@ -158,7 +158,7 @@ void Canvas::Stroke(const QPainterPath& path, const QPen& pen, MixMode mix)
         return;
     QPen mixed = pen;
     mixed.setColor(Mixed(pen.color(), mix));
-    mixed.setWidthF(std::clamp(pen.widthF(), m_thinnest, kFarthest));
+    mixed.setWidthF(std::min(std::max(pen.widthF(), m_thinnest), kWidestLine));
     const qreal length = LengthOf(path);
     if (mixed.style() != Qt::SolidLine && length / mixed.widthF() > kMostDashes)
         mixed.setStyle(Qt::SolidLine);

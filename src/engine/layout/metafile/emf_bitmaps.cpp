@@ -60,7 +60,8 @@ void CopyBitsWithout(Player& player, ByteReader& record)
     DrawWithout(player, copying.blit, copying.dib, ColourOf(copying.setting).rgb());
 }
 
-/// A mask says where the bitmap is drawn; the bitmap's own operation stands in the low bytes of the quaternary one.
+/// The operation where the mask is set stands in the low bytes of the quaternary one. The mask itself is not played: the
+/// bitmap is drawn whole.
 void CopyMasked(Player& player, ByteReader& record)
 {
     Copying copying = ReadCopying(record, Source::SizeOfTarget);

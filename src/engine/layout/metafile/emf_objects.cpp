@@ -93,7 +93,8 @@ void CreateFont(Player& player, ByteReader& record)
     font.isUnderlined = record.U8() != 0;
     font.isStruckOut = record.U8() != 0;
     font.charset = record.U8();
-    record.Skip(4);
+    record.Skip(3);
+    font.familyKind = FamilyKindOf(record.U8());
     QString name;
     for (std::size_t i = 0; i < kLongestName && record.Left() >= 2; ++i)
     {

@@ -141,6 +141,20 @@ Brush BrushOfStyle(std::uint32_t style, QColor colour, std::uint32_t hatch)
     return brush;
 }
 
+FamilyKind FamilyKindOf(std::uint32_t pitchAndFamily)
+{
+    enum Family : std::uint32_t { Roman = 1, Modern = 3 };
+    switch (pitchAndFamily >> 4)
+    {
+    case Roman:
+        return FamilyKind::Serif;
+    case Modern:
+        return FamilyKind::Fixed;
+    default:
+        return FamilyKind::Sans;
+    }
+}
+
 QColor ColourOf(std::uint32_t stored)
 {
     return {static_cast<int>(stored & 0xFF), static_cast<int>(stored >> 8 & 0xFF),

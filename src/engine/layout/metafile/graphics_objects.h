@@ -35,6 +35,9 @@ struct Brush
     bool isTwoColoured = false;  // of a pattern: black is the text colour, white the background's
 };
 
+/// What a font that is not installed is replaced by.
+enum class FamilyKind : std::uint8_t { Sans, Serif, Fixed };
+
 struct Font
 {
     qreal height = 0;      // logical units: negative of the em, positive of the cell, 0 is a usual size
@@ -45,6 +48,7 @@ struct Font
     bool isUnderlined = false;
     bool isStruckOut = false;
     int charset = 0;
+    FamilyKind familyKind = FamilyKind::Sans;
     QString family = QStringLiteral("Arial");
 };
 
@@ -83,6 +87,9 @@ std::optional<GraphicsObject> StockObject(std::uint32_t number);
 /// A pen or a brush of the styles that both formats number alike.
 Pen PenOfStyle(std::uint32_t style, qreal width, QColor colour);
 Brush BrushOfStyle(std::uint32_t style, QColor colour, std::uint32_t hatch);
+
+/// From the byte that states pitch and family.
+FamilyKind FamilyKindOf(std::uint32_t pitchAndFamily);
 
 /// A colour as the formats store it: red in the lowest byte.
 QColor ColourOf(std::uint32_t stored);

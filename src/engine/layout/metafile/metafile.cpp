@@ -1,6 +1,7 @@
 #include "metafile.h"
 
 #include "canvas.h"
+#include "embedded_emf.h"
 #include "header.h"
 #include "play.h"
 #include "target_frame.h"
@@ -53,7 +54,10 @@ bool PlayMetafile(QPainter& painter, const QRectF& target, std::string_view byte
     metafile::Canvas canvas(painter, target);
     if (emf)
         return metafile::PlayEmf(canvas, bytes, *emf) == EmfOutcome::Played;
-    metafile::PlayWmf(canvas, bytes, *wmf, hint);
+    const std::optional<std::string> source = metafile::EmbeddedEmf(bytes, *wmf);
+    const std::optional<EmfHeader> sourceHeader = source ? metafile::ReadEmfHeader(*source) : std::nullopt;
+    if (!sourceHeader || metafile::PlayEmf(canvas, *source, *sourceHeader) == EmfOutcome::OnlyUnknownComments)
+        metafile::PlayWmf(canvas, bytes, *wmf, hint);
     return true;
 }
 

@@ -212,7 +212,7 @@ void Player::FillMapped(const Brush& brush, const QPainterPath& path, MixMode mi
 {
     if (brush.style == Qt::NoBrush)
         return;
-    QBrush painted(brush.colour, brush.style);
+    QBrush painted(brush.colour);
     const QTransform onScreen = QTransform::fromScale(m_canvas.PatternPixel(), m_canvas.PatternPixel());
     if (brush.style == Qt::TexturePattern)
     {
@@ -226,6 +226,7 @@ void Player::FillMapped(const Brush& brush, const QPainterPath& path, MixMode mi
     {
         if (m_state.isOpaque)
             m_canvas.Fill(path, m_state.background, mix);
+        painted.setStyle(brush.style);
         painted.setTransform(onScreen);
     }
     m_canvas.Fill(path, painted, mix);
@@ -236,7 +237,7 @@ QPen Player::TargetPen() const
     const Pen& pen = m_state.pen;
     const qreal scale = pen.isGeometric ? ScaleOf(ToTarget()) : m_devicePixel;
     const qreal least = std::max(m_canvas.ThinnestLine(), pen.isGeometric ? 0 : m_devicePixel);
-    const qreal width = std::clamp(pen.width * scale, least, std::max(least, kFarthest));
+    const qreal width = std::min(std::max(pen.width * scale, least), kWidestLine);
     QPen painted(pen.colour, width, pen.style, pen.cap, pen.join);
     painted.setMiterLimit(std::clamp<qreal>(m_state.miterLimit, 1, 100));
     if (pen.style == Qt::CustomDashLine)

@@ -1,11 +1,13 @@
 #include "text.h"
 
 #include "shapes.h"
+#include "symbols.h"
 #include "target_frame.h"
 
 #include "engine/rtf/code_page.h"
 
 #include <QFont>
+#include <QFontDatabase>
 #include <QFontMetricsF>
 
 #include <algorithm>
@@ -33,9 +35,31 @@ struct SetFont
     qreal stretch;  // of the glyphs along the line
 };
 
+/// Fonts that are as wide as those most metafiles were made with.
+QString Substitute(FamilyKind kind)
+{
+    switch (kind)
+    {
+    case FamilyKind::Serif:
+        return QStringLiteral("Times New Roman");
+    case FamilyKind::Fixed:
+        return QStringLiteral("Courier New");
+    default:
+        return QStringLiteral("Arial");
+    }
+}
+
+/// A well-known name says more than the byte beside it, which is often left at zero.
+FamilyKind KindOf(const Font& font)
+{
+    if (font.family.startsWith(u"Times", Qt::CaseInsensitive) || font.family.contains(u"Serif", Qt::CaseInsensitive))
+        return FamilyKind::Serif;
+    return font.family.startsWith(u"Courier", Qt::CaseInsensitive) ? FamilyKind::Fixed : font.familyKind;
+}
+
 QFont FontAtSetSize(const Font& font)
 {
-    QFont set(font.family);
+    QFont set(QFontDatabase::hasFamily(font.family) ? font.family : Substitute(KindOf(font)));
     set.setPixelSize(kSetSize);
     set.setWeight(static_cast<QFont::Weight>(std::clamp(font.weight == 0 ? 400 : font.weight, 1, 1000)));
     set.setItalic(font.isItalic);
@@ -104,7 +128,9 @@ QTransform TextFrame(const Player& player, QPointF place, qreal scale)
     const QPointF origin = Bearable(player.ToTarget().map(place));
     const QTransform world(mapping.world.m11(), mapping.world.m12(), mapping.world.m21(), mapping.world.m22(), 0, 0);
     QTransform frame = QTransform::fromScale(scale, scale);
-    frame *= QTransform().rotate(-player.State().font.escapement);
+    // A line that climbs does so along the mapping's y: where that grows upwards, it is turned the other way round.
+    const qreal angle = player.State().font.escapement;
+    frame *= QTransform().rotate(page.m11() * page.m22() < 0 ? angle : -angle);
     frame *= QTransform::fromScale(std::copysign(1, page.m11()), std::copysign(1, page.m22()));
     frame *= world;
     frame *= QTransform::fromScale(page.m11(), page.m22());
@@ -135,12 +161,28 @@ Line LineOf(const TextRecord& record, const SetFont& set, qreal extra)
     return line;
 }
 
+/// True when a square becomes more than sixteen times as long as wide. Qt keeps pictures of glyphs, and makes ones of any
+/// length for such a transform.
+bool IsOutOfProportion(const QTransform& transform)
+{
+    const qreal squares = transform.m11() * transform.m11() + transform.m12() * transform.m12() +
+                          transform.m21() * transform.m21() + transform.m22() * transform.m22();
+    return !(squares <= 16 * std::abs(transform.determinant()));
+}
+
 void PaintStretched(QPainter& painter, const QString& text, QPointF place, qreal stretch)
 {
     painter.save();
     painter.translate(place);
     painter.scale(stretch, 1);
-    painter.drawText(QPointF(), text);
+    if (IsOutOfProportion(painter.combinedTransform()))
+    {
+        QPainterPath outline;
+        outline.addText(QPointF(), painter.font(), text);
+        painter.fillPath(outline, painter.pen().color());
+    }
+    else
+        painter.drawText(QPointF(), text);
     painter.restore();
 }
 
@@ -208,8 +250,11 @@ void PaintLine(Player& player, const TextRecord& record)
 
 }  // namespace
 
-void Draw(Player& player, const TextRecord& record)
+void Draw(Player& player, const TextRecord& given)
 {
+    TextRecord record = given;
+    if (IsGreekSymbolFont(player.State().font.family))
+        record.text = WithGreekSymbols(record.text);
     if (record.rectangle && (record.options & TextIsOnGround) != 0)
         player.FillWith(player.State().background, RectanglePath(*record.rectangle));
     if (record.text.isEmpty() || (record.options & TextIsGlyphs) != 0 || record.text.size() > kMostText ||

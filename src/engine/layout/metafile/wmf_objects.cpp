@@ -4,6 +4,7 @@
 
 #include "engine/rtf/code_page.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quillmarker::metafile
@@ -44,7 +45,8 @@ void CreateFont(Player& player, ByteReader& record)
     font.isUnderlined = record.U8() != 0;
     font.isStruckOut = record.U8() != 0;
     font.charset = record.U8();
-    record.Skip(4);
+    record.Skip(3);
+    font.familyKind = FamilyKindOf(record.U8());
     std::string_view name = record.Bytes(std::min(record.Left(), kLongestName));
     name = name.substr(0, name.find('\0'));
     // A font of symbols has an ordinary name.
@@ -95,10 +97,9 @@ void CreateRegion(Player& player, ByteReader& record)
 /// It takes a handle, and that is all.
 void CreateUnplayed(Player& player, ByteReader& /*record*/) { player.Objects().PutInFirstFree(Unplayed{}); }
 
-QPainterPath AreaOf(const Player& player, const GraphicsObject* object)
+QPainterPath AreaOf(const GraphicsObject* object)
 {
     QPainterPath area;
-    static_cast<void>(player);
     if (const auto* const region = object ? std::get_if<Region>(object) : nullptr)
     {
         for (const QRectF& rectangle : region->rectangles)
@@ -109,7 +110,7 @@ QPainterPath AreaOf(const Player& player, const GraphicsObject* object)
 
 void FillRegion(Player& player, ByteReader& record)
 {
-    const QPainterPath area = AreaOf(player, player.Objects().Find(record.U16()));
+    const QPainterPath area = AreaOf(player.Objects().Find(record.U16()));
     const GraphicsObject* const object = player.Objects().Find(record.U16());
     if (const auto* const brush = object ? std::get_if<Brush>(object) : nullptr)
         player.FillWith(*brush, area, player.State().mix);
@@ -117,7 +118,7 @@ void FillRegion(Player& player, ByteReader& record)
 
 void PaintRegion(Player& player, ByteReader& record)
 {
-    player.FillWith(player.State().brush, AreaOf(player, player.Objects().Find(record.U16())), player.State().mix);
+    player.FillWith(player.State().brush, AreaOf(player.Objects().Find(record.U16())), player.State().mix);
 }
 
 /// Without a region of this handle the clip is taken away.

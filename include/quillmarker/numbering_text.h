@@ -12,7 +12,7 @@ namespace quillmarker
 {
 
 /// A number in the style of `kind`; empty for bullets and for numbers the style cannot show.
-std::u16string NumberText(NumberKind kind, std::int32_t number);
+QUILLMARKER_CORE_EXPORT std::u16string NumberText(NumberKind kind, std::int32_t number);
 
 /// Counts numbered paragraphs in the order of the text.
 class QUILLMARKER_CORE_EXPORT NumberCounter
