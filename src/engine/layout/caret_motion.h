@@ -3,6 +3,8 @@
 #include "document_flow.h"
 #include "text_steps.h"
 
+#include <quillmarker/pages/export.h>
+
 #include <cstdint>
 #include <optional>
 
@@ -52,6 +54,7 @@ struct MovedCaret
 };
 
 /// The caret behind the motion; where it was, if it cannot go there.
-MovedCaret Moved(DocumentFlow& flow, CaretPosition caret, Motion motion, const MotionContext& context = {});
+QUILLMARKER_PAGES_EXPORT MovedCaret Moved(DocumentFlow& flow, CaretPosition caret, Motion motion,
+                                          const MotionContext& context = {});
 
 }  // namespace quillmarker

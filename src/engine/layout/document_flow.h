@@ -3,6 +3,7 @@
 #include "paragraph_layout.h"
 
 #include <quillmarker/document.h>
+#include <quillmarker/pages/export.h>
 #include <quillmarker/position.h>
 
 #include <memory>
@@ -49,7 +50,7 @@ struct FlowHit
 /// A document laid out as one endless column, as a view shows it: only what is asked for is laid out, the heights of
 /// all else are estimated until then. Lengths are in 1024ths of a twip from the column's upper left corner. A change
 /// of the document costs what differs, never what does not.
-class DocumentFlow
+class QUILLMARKER_PAGES_EXPORT DocumentFlow
 {
 public:
     explicit DocumentFlow(FontHost& fonts);
