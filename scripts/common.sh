@@ -26,7 +26,7 @@ export CCACHE_BASEDIR="$repo"
 export CCACHE_NOHASHDIR=1
 export CCACHE_COMPILERCHECK=content
 
-# No window system is needed, by any test.
+# No window system is needed: tests that want a display start one of their own (tests/support/with_display).
 export QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}"
 
 export CTEST_PARALLEL_LEVEL="${CTEST_PARALLEL_LEVEL:-$(nproc)}"

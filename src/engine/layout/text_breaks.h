@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmarker/pages/export.h>
+
 #include <cstdint>
 #include <string_view>
 
@@ -10,20 +12,20 @@ namespace quillmarker
 // is looked at. Offsets are from 0 to the text's length.
 
 /// The first character boundary behind `offset`, the last one before it; `offset` at the text's ends.
-std::int32_t NextCharacterBreak(std::u16string_view text, std::int32_t offset);
-std::int32_t PreviousCharacterBreak(std::u16string_view text, std::int32_t offset);
-bool IsCharacterBreak(std::u16string_view text, std::int32_t offset);
+QUILLMARKER_PAGES_EXPORT std::int32_t NextCharacterBreak(std::u16string_view text, std::int32_t offset);
+QUILLMARKER_PAGES_EXPORT std::int32_t PreviousCharacterBreak(std::u16string_view text, std::int32_t offset);
+QUILLMARKER_PAGES_EXPORT bool IsCharacterBreak(std::u16string_view text, std::int32_t offset);
 
 /// Whether a line, page or column break stands at `offset`.
-bool IsBreakCharacter(std::u16string_view text, std::int32_t offset);
+QUILLMARKER_PAGES_EXPORT bool IsBreakCharacter(std::u16string_view text, std::int32_t offset);
 
 // Words in the sense of keys and clicks: signs that stand together are a word, and so is each tab, object and line break.
 
 /// The end of the word that holds the character at `offset`, without blanks behind it; the end of blanks if it is one.
-std::int32_t WordEnd(std::u16string_view text, std::int32_t offset);
+QUILLMARKER_PAGES_EXPORT std::int32_t WordEnd(std::u16string_view text, std::int32_t offset);
 
 /// The start of the first word behind `offset`, the last one before it; the text's ends if there is none.
-std::int32_t NextWordStart(std::u16string_view text, std::int32_t offset);
-std::int32_t PreviousWordStart(std::u16string_view text, std::int32_t offset);
+QUILLMARKER_PAGES_EXPORT std::int32_t NextWordStart(std::u16string_view text, std::int32_t offset);
+QUILLMARKER_PAGES_EXPORT std::int32_t PreviousWordStart(std::u16string_view text, std::int32_t offset);
 
 }  // namespace quillmarker

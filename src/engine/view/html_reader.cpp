@@ -1,6 +1,7 @@
 #include "html_reader.h"
 
 #include "html_alignment.h"
+#include "html_bounds.h"
 #include "html_formats.h"
 #include "picture_exchange.h"
 
@@ -227,7 +228,7 @@ void HtmlWalk::EndParagraph(Mark kind, const ParagraphFormat& format, const Char
 
 std::optional<Document> ReadHtml(const QString& html, const RtfReading& reading)
 {
-    if (html.size() > kMaxHtmlUnits)
+    if (html.size() > kMaxHtmlUnits || !IsWithinBounds(html))
         return std::nullopt;
     ClosedTextDocument document;
     document.setHtml(WithAlignAttributes(html));

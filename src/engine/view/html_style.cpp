@@ -1,6 +1,6 @@
 #include "html_style.h"
 
-#include "engine/document/utf.h"
+#include <QString>
 
 #include <algorithm>
 #include <array>
@@ -127,7 +127,7 @@ std::string Escaped(std::u16string_view text, std::string_view lineBreak)
     std::string out;
     std::u16string plain;
     const auto flush = [&] {
-        out += ToUtf8(plain);
+        out += QString::fromStdU16String(plain).toStdString();
         plain.clear();
     };
     const auto put = [&](std::string_view special) {

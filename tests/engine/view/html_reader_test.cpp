@@ -1,5 +1,7 @@
 #include "engine/view/html_reader.h"
 
+#include "engine/view/html_bounds.h"
+
 #include "support/sample.h"
 
 #include <QBuffer>
@@ -230,6 +232,41 @@ TEST(ReadingHtml, RefusesWhatIsTooLongOrTooDeep)
     for (int depth = 0; depth < 50; ++depth)
         deep += QStringLiteral("<table><tr><td>x");
     EXPECT_FALSE(ReadHtml(deep, Reading()));
+}
+
+bool IsRead(const QString& html) { return ReadHtml(html, Reading()).has_value(); }
+
+QString Repeated(const char* html, int times) { return QString::fromLatin1(html).repeated(times); }
+
+TEST(ReadingHtml, RefusesWhatWouldTakeTooLong)
+{
+    EXPECT_FALSE(IsRead(Repeated("<div>", 100'000)));
+    EXPECT_FALSE(IsRead(Repeated("<b>x", 100'000)));
+    EXPECT_FALSE(IsRead(Repeated("<ul><li>x", 100'000)));
+    EXPECT_FALSE(IsRead(Repeated("<br>", kMaxHtmlTags + 1)));
+    EXPECT_FALSE(IsRead(QStringLiteral("<style>") + Repeated("p a{color:red}", 5000) + QStringLiteral("</style>") +
+                        Repeated("<p>x", 5000)));
+    EXPECT_FALSE(IsRead(QStringLiteral("<table><tr>") + Repeated("<td>", 50'000) + Repeated("<tr>", 50'000)));
+    EXPECT_FALSE(IsRead(QStringLiteral("<table><tr><td colspan=\"2000000000\">x</table>")));
+    EXPECT_FALSE(IsRead(QStringLiteral("<p '><table><tr><td colspan=2000000000>x</table>")));
+    EXPECT_FALSE(IsRead(Repeated("<p '", 2'000'000)));
+}
+
+TEST(ReadingHtml, SeesDepthHoweverItIsHidden)
+{
+    // What closes here is no tag to whom reads attributes, comments and styles right.
+    for (const char* disguise :
+         {"<div title=\"</div>\">", "<div a'b=\"'></div>\">", "<div><!--</div>-->", "<div><style></div></style>",
+          "<div a==\"><p b=\"></div>\">", "<div '></div>'>", "<div></x>", "<div a=b\"></div>\">"})
+        EXPECT_FALSE(IsRead(Repeated(disguise, 2000))) << disguise;
+}
+
+TEST(ReadingHtml, TakesLongTextsThatAreFlat)
+{
+    EXPECT_TRUE(IsRead(Repeated("<p class='a' title=\"it's\">x <b>y</b></p>", 2000)));
+    EXPECT_TRUE(IsRead(Repeated("<p>x<li>y<tr><td>z", 2000)));
+    EXPECT_TRUE(IsRead(QStringLiteral("<table>") + Repeated("<tr><td>x</td><td colspan=2>y</td></tr>", 1000)));
+    EXPECT_TRUE(IsRead(QStringLiteral("a < b and c <3 <! x")));
 }
 
 }  // namespace
