@@ -1,7 +1,7 @@
 #include "view_state.h"
 
 #include "clipboard_formats.h"
-#include "engine/document/edit.h"
+#include "text_moving.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -73,31 +73,6 @@ void RichTextView::State::HideDropCaret()
     dropCaret.reset();
 }
 
-/// The selection goes to another place of the same document, as one step; false when it must not.
-bool RichTextView::State::MoveSelectionTo(Position target)
-{
-    const TextRange source = track.Range();
-    if (target >= source.begin && target <= source.end)
-        return false;
-    const Document before = Value();
-    const Document moved = Slice(before, source);
-    box.BeginStep();
-    bool isDone = box.TypeDelete();
-    const std::int32_t begin = target.value - (target > source.begin ? before.Size() - Value().Size() : 0);
-    if (isDone)
-    {
-        box.Select({begin, 0});
-        isDone = box.PasteFragment(moved);
-    }
-    // Protected text lets nothing in: then nothing has happened.
-    if (!isDone)
-        box.SetValue(before, {source.begin.value, source.Length()});
-    else
-        SelectFromTo({begin}, {{box.SelStart()}});
-    box.EndStep();
-    return isDone;
-}
-
 bool RichTextView::State::Drop(const QDropEvent& event)
 {
     const CaretPosition caret = HitAt(event.position().toPoint()).caret;
@@ -105,7 +80,7 @@ bool RichTextView::State::Drop(const QDropEvent& event)
     mustReveal = true;
     ScheduleRefresh();
     if (event.source() == &view && event.dropAction() == Qt::MoveAction)
-        return MoveSelectionTo(target);
+        return MoveText(box, track.Range(), target);
     const Selection before = BoxSelection();
     box.BeginStep();
     SelectFromTo(target, {target, caret.side});

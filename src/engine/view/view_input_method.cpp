@@ -66,7 +66,7 @@ QVariant RichTextView::State::InputMethodValue(Qt::InputMethodQuery query)
     switch (query)
     {
     case Qt::ImEnabled:
-        return view.isEnabled();
+        return view.isEnabled() && MayEdit();
     case Qt::ImReadOnly:
         return box.Locked();
     case Qt::ImCursorRectangle:

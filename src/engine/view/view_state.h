@@ -141,7 +141,6 @@ struct RichTextView::State
     void ShowDropCaret(const QPoint& point);
     void HideDropCaret();
     bool Drop(const QDropEvent& event);
-    bool MoveSelectionTo(Position target);
 
     // view_input_method.cpp
     void TakeInput(QInputMethodEvent& event);

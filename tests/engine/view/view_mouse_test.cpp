@@ -104,8 +104,8 @@ TEST(MouseEvents, AreRaisedAndMayBeSwallowed)
 TEST(Links, AreFollowedWithControlOnly)
 {
     ShownView view("|");
-    view.SetTextRTF(QStringLiteral(
-        "{\\rtf1 see {\\field{\\*\\fldinst HYPERLINK \"http://example.org/a\"}{\\fldrslt here}} now}"));
+    view.SetTextRTF(
+        QStringLiteral("{\\rtf1 see {\\field{\\*\\fldinst HYPERLINK \"http://example.org/a\"}{\\fldrslt here}} now}"));
     ASSERT_EQ(view.Text(), QStringLiteral("see here now"));
     QStringList targets;
     QObject::connect(&view, &RichTextView::LinkActivated, &view, [&](const QString& target) { targets << target; });

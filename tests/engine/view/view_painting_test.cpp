@@ -198,7 +198,8 @@ TEST(Painting, WhatIsPaintedInPartsIsWhatIsPaintedAtOnce)
             view.Box().Type(words[i % 4].toStdU16String());
         Settle(view);
         // What stands in the window now, against a picture made of everything anew.
-        const QImage inParts = view.window()->backingStore() ? view.screen()->grabWindow(view.winId()).toImage() : QImage();
+        const QImage inParts =
+            view.window()->backingStore() ? view.screen()->grabWindow(view.winId()).toImage() : QImage();
         if (inParts.isNull())
             GTEST_SKIP() << "this platform shows no windows";
         const QImage atOnce = view.grab().toImage();
