@@ -275,6 +275,13 @@ void ParagraphShapes::ShapeNumber(const Numbering& numbering, const std::u16stri
         format.charset = numbering.fontCharset;
         format.family = FontFamily::Nil;
     }
+    else if (!text.empty() && text[0] >= u'\uF000' && text[0] <= u'\uF0FF')
+    {
+        // A sign of a symbol font whose name was lost.
+        constexpr std::uint8_t kSymbolCharset = 2;
+        format.font = Name(u"Symbol");
+        format.charset = kSymbolCharset;
+    }
     numberFont = RunFontOf(format, fonts);
     const TextDirection direction = isRightToLeft ? TextDirection::RightToLeft : TextDirection::LeftToRight;
     number = numberFont.face->Shape(text, direction, Kerning::Off);
