@@ -72,6 +72,14 @@ class Terminal(ToolTest):
         self.write("d.json", '{"[A]": 1}')
         self.assertEqual(self.on_terminal([TOOL, "build", "t.rtf", "d.json", "-o", "o.rtf"])[:2], (0, ""))
 
+    def test_a_long_pdf_shows_its_pages_and_leaves_the_terminal_clean(self):
+        self.write("long.rtf", b"{\\rtf1 " + b"words of a paragraph of more than a line, broken where it ends, and so on, "
+                               b"as long as it takes to see how far it is \\par " * 60_000 + b"}")
+        code, drawn, _ = self.on_terminal([TOOL, "convert", "long.rtf", "long.pdf"])
+        self.assertEqual(code, 0)
+        self.assertRegex(drawn, r"\r\x1b\[K(\[#*-*\])? +\d+%  \d+ pages, \d+(\.\d)?/s, [\d:?]+ left")
+        self.assertEqual(drawn[drawn.rindex("\x1b[K") + 3:], "")
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -1,6 +1,6 @@
-"""Whoever installs the package can use it: installs the build, then configures, builds and runs a consumer project.
+"""Whoever installs the package can use it: installs the build, then configures, builds and runs consumer projects.
 
-Usage: consumer.py --build BUILD --consumer FOLDER --cmake CMAKE --compiler CXX --build-type TYPE [--flags FLAGS]
+Usage: consumer.py --build BUILD --consumer FOLDER... --cmake CMAKE --compiler CXX --build-type TYPE [--flags FLAGS]
                    [--tool]
 """
 
@@ -25,12 +25,12 @@ def configure(options, consumer, prefix, build):
         stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
 
 
-def check_consumer(options, prefix, work):
-    result = configure(options, options.consumer, prefix, work / "consumer")
+def check_consumer(options, consumer, prefix, build):
+    result = configure(options, consumer, prefix, build)
     print(result.stdout)
     result.check_returncode()
-    run(options.cmake, "--build", work / "consumer", check=True)
-    run(work / "consumer" / "consumer", check=True)
+    run(options.cmake, "--build", build, check=True)
+    run(build / "consumer", check=True, cwd=build)
 
 
 def check_unknown_component(options, prefix, work):
@@ -63,8 +63,9 @@ def check_tool(prefix):
 
 def main():
     parser = argparse.ArgumentParser()
-    for name in ("build", "consumer", "cmake", "compiler", "build-type"):
+    for name in ("build", "cmake", "compiler", "build-type"):
         parser.add_argument(f"--{name}", required=True)
+    parser.add_argument("--consumer", required=True, nargs="+", type=pathlib.Path)
     parser.add_argument("--flags", default="")
     parser.add_argument("--tool", action="store_true")
     options = parser.parse_args()
@@ -73,7 +74,8 @@ def main():
         work = pathlib.Path(folder)
         prefix = work / "prefix"
         run(options.cmake, "--install", options.build, "--prefix", prefix, check=True, stdout=subprocess.DEVNULL)
-        check_consumer(options, prefix, work)
+        for consumer in options.consumer:
+            check_consumer(options, consumer, prefix, work / consumer.name)
         check_unknown_component(options, prefix, work)
         check_nothing_of_ours_leaks(prefix)
         if options.tool:

@@ -15,7 +15,8 @@ namespace quillmarker
 QUILLMARKER_CORE_EXPORT TextRange Snapped(const Document&, TextRange range);
 
 /// `text` in place of `range`. CR, LF and CR LF begin a new paragraph like the one they are put in; NULs are left out.
-QUILLMARKER_CORE_EXPORT Document WithText(const Document&, TextRange range, std::u16string_view text, CharFormatId format);
+QUILLMARKER_CORE_EXPORT Document WithText(const Document&, TextRange range, std::u16string_view text,
+                                          CharFormatId format);
 
 /// A given fragment in place of `range`. What stands before its first mark joins the paragraph the range begins in, what
 /// stands behind its last mark joins the one it ends in; each mark between brings its own paragraph format.

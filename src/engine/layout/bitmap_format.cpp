@@ -86,7 +86,8 @@ QSizeF ResolutionOfJpeg(std::string_view bytes)
 
 BitmapFormat FormatOf(std::string_view bytes)
 {
-    const auto* found = std::ranges::find_if(kSignatures, [&](const Signature& s) { return bytes.starts_with(s.begin); });
+    const auto* found =
+        std::ranges::find_if(kSignatures, [&](const Signature& s) { return bytes.starts_with(s.begin); });
     return found == kSignatures.end() ? BitmapFormat::None : found->format;
 }
 

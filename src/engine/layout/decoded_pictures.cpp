@@ -22,7 +22,8 @@ bool HaveSamePixels(const Picture& a, const Picture& b)
 // Smooth painting reads four pixels for each it sets: up to that reduction it is as good.
 bool IsReducedMuch(QSize pixels, QSize size)
 {
-    return size.width() > 0 && size.height() > 0 && size.width() <= pixels.width() && size.height() <= pixels.height() &&
+    return size.width() > 0 && size.height() > 0 && size.width() <= pixels.width() &&
+           size.height() <= pixels.height() &&
            (size.width() * 3 <= pixels.width() * 2 || size.height() * 3 <= pixels.height() * 2);
 }
 

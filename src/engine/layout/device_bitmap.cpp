@@ -42,8 +42,7 @@ bool IsKnown(const DeviceFormat& format)
     if (format.planes == 4 || format.planes == 3)
         return format.depth == 1;
     const std::int64_t depth = format.depth;
-    return format.planes == 1 &&
-           (depth == 1 || depth == 4 || depth == 8 || depth == 16 || depth == 24 || depth == 32);
+    return format.planes == 1 && (depth == 1 || depth == 4 || depth == 8 || depth == 16 || depth == 24 || depth == 32);
 }
 
 class Row
@@ -104,7 +103,8 @@ QImage DecodeDeviceBitmap(const Picture& picture)
     const std::int64_t height = picture.height;
     if (!picture.bytes || width <= 0 || height <= 0 || width * height > kMaxPicturePixels)
         return {};
-    DeviceFormat format = {KeptNumber(picture.kept, "\\wbmbitspixel", 1), KeptNumber(picture.kept, "\\wbmplanes", 1), 0};
+    DeviceFormat format = {KeptNumber(picture.kept, "\\wbmbitspixel", 1), KeptNumber(picture.kept, "\\wbmplanes", 1),
+                           0};
     if (!IsKnown(format))
         return {};
     const std::int64_t least = (width * format.depth + 15) / 16 * 2;

@@ -3,6 +3,7 @@
 #include "font_face.h"
 
 #include <quillmarker/char_format.h>
+#include <quillmarker/pages/export.h>
 
 #include <memory>
 #include <string>
@@ -37,6 +38,6 @@ public:
 };
 
 /// The fonts of the system, through Qt. Needs a QGuiApplication. One for each thread.
-std::unique_ptr<FontHost> SystemFonts();
+QUILLMARKER_PAGES_EXPORT std::unique_ptr<FontHost> SystemFonts();
 
 }  // namespace quillmarker

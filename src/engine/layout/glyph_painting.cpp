@@ -1,6 +1,8 @@
 #include "glyph_painting.h"
 
 #include <QGlyphRun>
+#include <QPainterPath>
+#include <QPen>
 
 #include <algorithm>
 #include <limits>
@@ -82,13 +84,25 @@ void GlyphPainting::Paint(const GlyphRun& run, const QColor& colour)
     QPainter& painter = m_surface.Painter();
     const QPointF origin = m_surface.Mapped(run.origin);
     painter.setPen(colour);
-    if (across == 1 && zoom == 1)
-        return painter.drawGlyphRun(origin, glyphs);
     const QTransform before = painter.worldTransform();
     painter.translate(origin);
-    painter.scale(across, zoom);
+    if (across != 1 || zoom != 1)
+        painter.scale(across, zoom);
     painter.drawGlyphRun(QPointF(), glyphs);
+    Thicken(set.font, m_faces[run.face]->Metrics(), size, colour);
     painter.setWorldTransform(before);
+}
+
+/// Where a family has no bold, the outlines are drawn once more with a pen; the text itself stays text.
+void GlyphPainting::Thicken(const QRawFont& font, const FaceMetrics& metrics, qreal size, const QColor& colour)
+{
+    if (metrics.thickening <= 0)
+        return;
+    QPainterPath outlines;
+    for (std::size_t i = 0; i < m_indexes.size(); ++i)
+        outlines.addPath(font.pathForGlyph(m_indexes[i]).translated(m_places[i]));
+    const qreal width = size * metrics.thickening / metrics.unitsPerEm;
+    m_surface.Painter().strokePath(outlines, QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 
 }  // namespace quillmarker

@@ -26,6 +26,8 @@ public:
     void Paint(const GlyphRun& run, const QColor& colour);
 
 private:
+    void Thicken(const QRawFont& font, const FaceMetrics& metrics, qreal size, const QColor& colour);
+
     struct SetFont
     {
         QRawFont font;

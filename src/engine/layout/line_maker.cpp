@@ -103,7 +103,19 @@ private:
         std::uint32_t at = m_breaks.LastUpTo(full, begin);
         while (at > begin && m_shapes.source[at - 1] == kSoftHyphen && !HasRoomForHyphen(begin, at))
             at = m_breaks.LastUpTo(at - 1, begin);
-        return at > begin ? at : WithBlanks(std::max(m_breaks.LastCharacterUpTo(full, begin), begin + 1));
+        if (at > begin)
+            return at;
+        const std::uint32_t first = FirstShown(begin, full);
+        return WithBlanks(std::max(m_breaks.LastCharacterUpTo(full, first), first + 1));
+    }
+
+    /// A line of hidden text alone would be none.
+    std::uint32_t FirstShown(std::uint32_t begin, std::uint32_t full) const
+    {
+        for (auto segment = SegmentFrom(begin); segment != m_shapes.segments.end(); ++segment)
+            if (segment->kind != SegmentKind::Hidden)
+                return std::min(std::max(begin, segment->begin), full);
+        return begin;
     }
 
     /// A word that is longer than a line takes the blanks behind it along.

@@ -19,7 +19,11 @@ struct LinePlace
     std::uint32_t line = 0;
 };
 
-bool EndsPage(const Line& line) { return line.ending == LineEnd::Page || line.ending == LineEnd::Column; }
+/// A page break within a table ends a line, as in word processors: a row stays whole.
+bool EndsPage(const Line& line, const ParagraphMark& mark)
+{
+    return mark.tableDepth == 0 && (line.ending == LineEnd::Page || line.ending == LineEnd::Column);
+}
 
 }  // namespace
 
@@ -115,7 +119,7 @@ private:
                 return BreakAt({at.paragraph, i}, placed, *layout), false;
             placed.last = i + 1;
             m_y = offset + lines[i].Bottom();
-            if (EndsPage(lines[i]))
+            if (EndsPage(lines[i], layout->Source().Ending()))
                 return EndBehind(at.paragraph, i, placed), false;
             if (!fits)
                 return EndBehind(at.paragraph, i, placed), false;  // taller than the page: alone, and clipped

@@ -5,6 +5,7 @@
 #include "font_host.h"
 
 #include <quillmarker/document.h>
+#include <quillmarker/pages/export.h>
 #include <quillmarker/paragraph.h>
 
 #include <cstdint>
@@ -88,7 +89,7 @@ struct LineSpan
 
 /// The lines of one paragraph in one context. Immutable; holds the paragraph. Offsets are units of the paragraph's
 /// text; its length stands for the mark. The font host and the table of formats must outlive it.
-class ParagraphLayout
+class QUILLMARKER_PAGES_EXPORT ParagraphLayout
 {
 public:
     ParagraphLayout(ParagraphRef paragraph, const FormatTable& formats, FontHost& fonts, ParagraphContext context);

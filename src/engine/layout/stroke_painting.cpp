@@ -132,8 +132,7 @@ private:
         {
             const qreal near = top + i * 2 * m_unit;
             ForEachDash([&](qreal begin, qreal end) {
-                const QRectF piece =
-                    Rectangle(std::max(begin, m_begin), near, std::min(end, m_end), near + m_unit);
+                const QRectF piece = Rectangle(std::max(begin, m_begin), near, std::min(end, m_end), near + m_unit);
                 pieces.append(m_surface.Snapped(piece));
             });
         }

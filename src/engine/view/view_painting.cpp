@@ -101,6 +101,7 @@ void RichTextView::State::PaintText(QPainter& painter, const QRegion& region, co
 {
     struct Part
     {
+        DisplayList background;
         DisplayList list;
         QPointF origin;
     };
@@ -123,11 +124,10 @@ void RichTextView::State::PaintText(QPainter& painter, const QRegion& region, co
         if (first == last)
             continue;
         const QPointF origin(Origin().x(), PixelTop(paragraphTop));
-        DisplayList background;
-        layout.DrawBackground(background, {}, first, last);
-        quillmarker::Paint(painter, background, origin, scale, ground);
+        parts.push_back({{}, {}, origin});
+        layout.DrawBackground(parts.back().background, {}, first, last);
+        quillmarker::Paint(painter, parts.back().background, origin, scale, ground);
         selected += SelectedRegion(i, first, last);
-        parts.push_back({{}, origin});
         layout.DrawText(parts.back().list, {}, first, last);
     }
 
@@ -137,7 +137,7 @@ void RichTextView::State::PaintText(QPainter& painter, const QRegion& region, co
         painter.fillRect(rectangle, highlight);
     painter.setClipRegion(region.subtracted(selected));
     for (const Part& part : parts)
-        quillmarker::Paint(painter, part.list, part.origin, scale, ground);
+        quillmarker::Paint(painter, part.list, part.origin, scale, ground, &part.background);
     const QRegion selectedHere = region.intersected(selected);
     if (selectedHere.isEmpty())
         return;

@@ -147,6 +147,25 @@ TEST(FontShaping, WhatAFaceLacksComesFromAnotherWithItsHeight)
     EXPECT_NEAR(shaped.advances[1], ems * face.Metrics().unitsPerEm, 1.0);
 }
 
+TEST(FontShaping, AScriptThatTheSlantedFontsLackComesFromAnUprightOne)
+{
+    const std::unique_ptr<FontHost> fonts = SystemFonts();
+    for (const bool bold : {false, true})
+    {
+        const FontFace& face = fonts->Face(FontRequest{.name = u"Liberation Serif", .bold = bold, .italic = true});
+        const ShapedText shaped = face.Shape(u"\u0623\u062D\u0645\u062F", kBackward, Kerning::Off);
+        ASSERT_EQ(shaped.glyphs.size(), 4U);
+        for (const ShapedGlyph& glyph : shaped.glyphs)
+            EXPECT_NE(glyph.glyph, 0U) << "an empty box";
+        // Asked in the other order too: what was found for one style is not taken for another.
+        EXPECT_NE(fonts->Face(FontRequest{.name = u"Liberation Serif"})
+                      .Shape(u"\u0623", kBackward, Kerning::Off)
+                      .glyphs[0]
+                      .glyph,
+                  0U);
+    }
+}
+
 TEST(FontShaping, ASupplementaryCharacterIsOneGlyphOfTwoUnits)
 {
     const std::u16string text = u"a\U0001D400b";  // a bold letter of mathematics
@@ -160,8 +179,8 @@ TEST(FontShaping, ASupplementaryCharacterIsOneGlyphOfTwoUnits)
 TEST(FontShaping, CharactersThatNoFontHasShowABoxAndCrashNothing)
 {
     for (const std::u16string text : {u"\u0915\u094D\u0937\u093F", u"\U000F0000", u"\uFFFF", u"\xD800",
-                                       u"\xDC00"
-                                       u"a"})
+                                      u"\xDC00"
+                                      u"a"})
     {
         for (const TextDirection direction : {kForward, kBackward})
         {

@@ -70,6 +70,12 @@ TEST(PageCutter, APageTakesWholeLines)
     EXPECT_EQ(PagesOf(Read("a\\par b\\par c\\par d\\par e\\par f\\par")), Pages({"a/b/c/d/e/", "f/"}));
 }
 
+TEST(PageCutter, APageBreakWithinATableEndsNoPage)
+{
+    EXPECT_EQ(PagesOf(Read("x\\par\\trowd\\cellx900\\intbl a\\page b\\cell\\row\\pard c\\par")).size(), 1U);
+    EXPECT_EQ(PagesOf(Read("x\\par a\\page b\\par c\\par")).size(), 2U);
+}
+
 TEST(PageCutter, AParagraphGoesOnOnTheNextPage)
 {
     EXPECT_EQ(PagesOf(Read("a\\par b\\par c\\par dddddddd eeeeeeee ffffffff gggggggg\\par")),

@@ -34,6 +34,49 @@ TEST(PaintList, NeighbouringFillsLeaveNoSeamAndDoNotOverlap)
     EXPECT_EQ(CountOf(image, 0xFF0000FF), 100);
 }
 
+/// A face that has to be thickened, as one of a family without bold.
+class ThickFace final : public FontFace
+{
+public:
+    explicit ThickFace(const FontFace& face) : m_face(face)
+    {
+        FaceMetrics metrics = face.Metrics();
+        metrics.thickening = metrics.unitsPerEm / 8;
+        SetMetrics(metrics);
+    }
+    ShapedText Shape(std::u16string_view text, TextDirection direction, Kerning kerning) const override
+    {
+        return m_face.Shape(text, direction, kerning);
+    }
+    FaceIdentity Identity() const override { return m_face.Identity(); }
+    QRawFont RawFont(qreal pixelSize) const override { return m_face.RawFont(pixelSize); }
+
+private:
+    void FillPage(char16_t first, GlyphPage& page) const override
+    {
+        for (std::size_t i = 0; i < page.size(); ++i)
+            page[i] = m_face.Simple(static_cast<char16_t>(first + i));
+    }
+
+    const FontFace& m_face;
+};
+
+TEST(PaintList, GlyphsOfAFamilyWithoutBoldAreThickened)
+{
+    const auto fonts = SystemFonts();
+    const FontFace& face = fonts->Face(FontRequest{.name = u"Liberation Sans"});
+    const ThickFace thick(face);
+    const auto inked = [](const FontFace& used) {
+        DisplayList list;
+        list.Add(RunOf(list, used, u"I", 450, PixelPoint(20, 35)));
+        return Inked(PaintedImage(list, kSmall));
+    };
+    const QRect before = inked(face);
+    const QRect after = inked(thick);
+    EXPECT_GE(after.width(), before.width() + 2);
+    EXPECT_TRUE(after.contains(before));
+}
+
 TEST(PaintList, AutomaticFillsTakeTheGroundTheyName)
 {
     const GroundColours dark = {.text = QColor(0xEE, 0xEE, 0xEE), .background = QColor(0x20, 0x20, 0x20)};

@@ -45,6 +45,7 @@ constexpr Case kCases[] = {
     {"breaks", "one\\line two\\page three\\column four", {3000}},
     {"hidden", "one {\\v hidden words }two three", {700}},
     {"hidden_all", "\\v all of it", {700}},
+    {"hidden_before_a_long_word", "{\\v hid}abcdefghij", {600}},
     {"offset", "a{\\up10 b}{\\dn10 c}", {3000}},
     {"scripts", "a{\\super b}{\\sub c}", {3000}},
     {"underlines", "{\\ul one }{\\uldb two}{\\ulw three four}", {3000}},
