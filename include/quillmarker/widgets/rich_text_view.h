@@ -66,6 +66,7 @@ public:
     explicit RichTextView(QWidget* parent = nullptr);
     ~RichTextView() override;
 
+    /// Its RightMargin, BackColor and Font show at once when they are set through the view.
     TextBox& Box();
     const TextBox& Box() const;
 

@@ -73,9 +73,8 @@ void RichTextView::State::OnSelChange()
     if (track.Follow(BoxSelection()))
     {
         mustReveal = !staysPut;
-        // Where an input method writes is where the caret was.
-        if (!preEdit.IsEmpty())
-            FinishPreEdit();
+        // An input method writes where the caret was.
+        DropPreEdit();
     }
     ScheduleRefresh();
     Q_EMIT view.SelChange();
@@ -125,7 +124,7 @@ void RichTextView::scrollContentsBy(int dx, int dy)
     State& state = *m_state;
     // What a refresh scrolls, it paints.
     if (state.isRefreshing && dx != 0)
-        viewport()->update();
+        state.Update(viewport()->rect());
     if (!state.isRefreshing)
     {
         viewport()->scroll(dx, dy);

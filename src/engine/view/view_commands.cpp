@@ -13,10 +13,16 @@ void RichTextView::State::FinishPreEdit()
 {
     if (!preEdit.IsEmpty())
         QGuiApplication::inputMethod()->commit();
+    // An input method that has nothing to say leaves what it began.
+    DropPreEdit();
+}
+
+void RichTextView::State::DropPreEdit()
+{
     if (preEdit.IsEmpty())
         return;
-    // The input method has nothing to say: what it began is dropped.
     preEdit.Clear();
+    QGuiApplication::inputMethod()->reset();
     isStale = true;
     ScheduleRefresh();
 }

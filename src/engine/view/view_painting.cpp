@@ -3,6 +3,7 @@
 #include "engine/layout/display_list.h"
 
 #include <QPaintEvent>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <variant>
@@ -202,7 +203,10 @@ void RichTextView::State::PaintCaret(QPainter& painter, const GroundColours& gro
 
 void RichTextView::paintEvent(QPaintEvent* event)
 {
-    m_state->Refresh();
+    {
+        const QScopedValueRollback painting(m_state->beingPainted, event->region());
+        m_state->Refresh();
+    }
     QPainter painter(viewport());
     painter.setRenderHint(QPainter::Antialiasing);
     m_state->Paint(painter, event->region());

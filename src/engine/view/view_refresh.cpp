@@ -34,9 +34,15 @@ void RichTextView::State::Refresh()
     if (std::exchange(mustReveal, false))
         Reveal(ShownCaret());
     ShownLines now = LinesNow();
-    view.viewport()->update(now.DifferenceFrom(shown, view.viewport()->width()));
+    Update(now.DifferenceFrom(shown, view.viewport()->width()));
     shown = std::move(now);
     RefreshCaret();
+}
+
+void RichTextView::State::Update(const QRegion& region)
+{
+    if (const QRegion rest = region.subtracted(beingPainted); !rest.isEmpty())
+        view.viewport()->update(rest);
 }
 
 void RichTextView::State::RefreshAll()
@@ -44,7 +50,7 @@ void RichTextView::State::RefreshAll()
     shown.Clear();
     if (IsPaintingLocked())
         return;
-    view.viewport()->update();
+    Update(view.viewport()->rect());
     ScheduleRefresh();
 }
 
@@ -97,10 +103,11 @@ void RichTextView::State::RefreshCaret()
                                    : CaretRectangle(ShownCaret());
     // The flag of a caret in text from right to left reaches out of it.
     const QRect reach = caret.adjusted(-4, 0, 4, 0);
+    shownCaretAt = ShownCaret();
     if (reach == shownCaret)
         return;
-    view.viewport()->update(shownCaret);
-    view.viewport()->update(reach);
+    Update(shownCaret);
+    Update(reach);
     shownCaret = reach;
     view.updateMicroFocus();
 }

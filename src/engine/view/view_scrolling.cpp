@@ -97,18 +97,22 @@ void RichTextView::State::Reveal(CaretPosition caret)
         horizontal.setValue(horizontal.value() + place.right() - view.viewport()->width() + margin);
 }
 
-/// Lines of another width: the line at the top stays there, as far as it is still a line.
+/// Lines of another width: the line at the top stays there, as far as it is still a line; a caret in sight stays in it.
 void RichTextView::State::TakeWidth(Twips width)
 {
-    const bool isScrolled = view.verticalScrollBar()->value() > 0;
-    const FlowHit first = isScrolled ? flow.HitAt(0, Scale().Lengths(view.verticalScrollBar()->value())) : FlowHit();
+    const int before = view.verticalScrollBar()->value();
+    const FlowHit first = before > 0 ? flow.HitAt(0, Scale().Lengths(before)) : FlowHit();
+    const int stands = before > 0 ? PixelTop(flow.TopOf(flow.LineOf(first.caret))) : 0;
     flow.SetWidth(width);
-    if (isScrolled)
+    if (before > 0)
     {
         const Fine top = flow.TopOf(flow.LineOf(first.caret));
         FitScrollBars();
-        PlaceAt(Scale().WholePixels(top));
+        PlaceAt(Scale().WholePixels(top) - stands);
     }
+    const bool wasInSight = shownCaretAt == ShownCaret() && shownCaret.bottom() > 0 &&
+                            shownCaret.top() < view.viewport()->height();
+    mustReveal = mustReveal || (view.hasFocus() && wasInSight);
     RefreshAll();
 }
 

@@ -42,6 +42,8 @@ struct RichTextView::State
     CaretBlink blink;
     ShownLines shown;
     QRect shownCaret;
+    std::optional<CaretPosition> shownCaretAt;
+    QRegion beingPainted;
     std::function<std::u16string(std::u16string)> copyFilter;
     int zoom = 100;
     bool hasVerbMenu = false;
@@ -90,6 +92,8 @@ struct RichTextView::State
     bool IsPaintingLocked() const;
     void ScheduleRefresh();
     void Refresh();
+    /// Has a part of the viewport painted, unless it is being painted already.
+    void Update(const QRegion& region);
     /// Everything looks different.
     void RefreshAll();
     ShownLines LinesNow();
@@ -121,7 +125,9 @@ struct RichTextView::State
     void DeleteBeside(Deletion deletion);
     bool MayEdit() const { return !box.Locked(); }
     bool TakesKey(QKeyEvent& event);
+    /// What is being written becomes text, or nothing.
     void FinishPreEdit();
+    void DropPreEdit();
 
     // view_mouse.cpp
     void PressLeft(const QMouseEvent& event);
