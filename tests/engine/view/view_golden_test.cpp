@@ -92,13 +92,13 @@ QImage Shown(const Scene& scene)
 {
     RichTextView view;
     view.setFrameStyle(QFrame::NoFrame);
+    view.setFocusPolicy(Qt::NoFocus);  // no caret: it blinks
     view.setPalette(PaletteOf(scene.scheme));
     view.resize(420, 200);
     view.SetZoom(scene.zoom);
     view.Box().OpenValue(ReadRtf(std::string_view(std::string(kHead) + scene.body + "}")));
     view.show();
     view.SelectFromTo(scene.selection.start, scene.selection.start + scene.selection.length);
-    view.clearFocus();  // no caret: it blinks
     QCoreApplication::processEvents();
     return view.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
