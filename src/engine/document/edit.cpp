@@ -1,5 +1,6 @@
 #include "engine/document/edit.h"
 
+#include "engine/document/field_fit.h"
 #include "engine/document/format_edit.h"
 #include "engine/document/paragraph_builder.h"
 #include "engine/document/reinterned.h"
@@ -7,9 +8,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <map>
-#include <optional>
-#include <set>
 
 namespace quillmarker
 {
@@ -112,107 +110,9 @@ Document WithObject(const Document& document, TextRange range, Shared<InlineObje
     return splice.Finish();
 }
 
-namespace
-{
-
-Shared<Field> FieldAt(const Document& document, Position at)
-{
-    if (at.value < 0 || at.value > document.Size())
-        return {};
-    const Location place = document.Locate(at);
-    const CharFormatId id = document.ParagraphAt(place.paragraph).FormatAt(static_cast<std::uint32_t>(place.offset));
-    return document.FormatOf(id).field;
-}
-
-bool SameButForSerial(const Shared<Field>& a, const Shared<Field>& b)
-{
-    return a && b && a->instruction == b->instruction && a->switches == b->switches && a->outer == b->outer;
-}
-
-/// How the numbers that tell equal neighbours apart have to change in a fragment: a part of a field that is put back is that
-/// field again, and a field put beside an equal one is another.
-std::uint32_t SerialShift(const Document& document, TextRange range, const Shared<Field>& first)
-{
-    const Shared<Field> replaced = range.IsEmpty() ? Shared<Field>() : FieldAt(document, range.begin);
-    if (SameButForSerial(replaced, first))
-        return replaced->serial - first->serial;
-    const Shared<Field> before = FieldAt(document, range.begin - 1);
-    const Shared<Field> behind = FieldAt(document, range.end);
-    const auto isTaken = [&](std::uint32_t shift) {
-        const auto meets = [&](const Shared<Field>& other) {
-            return SameButForSerial(other, first) && other->serial == first->serial + shift;
-        };
-        return meets(before) || meets(behind);
-    };
-    std::uint32_t shift = 0;
-    while (isTaken(shift))
-        ++shift;
-    return shift;
-}
-
-/// The numbers of a fragment's fields, each with the one it takes in the document.
-using Serials = std::map<std::uint32_t, std::uint32_t>;
-
-/// Each field of the fragment like `first` stands where the replaced text had one like it: that field it is again. None
-/// when some does not, or when two would become one.
-std::optional<Serials> SerialsPutBack(const Document& document, TextRange range, const Document& fragment,
-                                      const Shared<Field>& first)
-{
-    Serials serials;
-    std::set<std::uint32_t> taken;
-    bool fits = true;
-    Position at = range.begin;
-    fragment.Visit(0, [&](const Paragraph& paragraph) {
-        std::uint32_t begin = 0;
-        for (const Run& run : paragraph.Runs())
-        {
-            const Shared<Field>& field = fragment.FormatOf(run.format).field;
-            if (SameButForSerial(field, first) && !serials.contains(field->serial))
-            {
-                const Position place = at + static_cast<std::int32_t>(begin);
-                const Shared<Field> replaced = place < range.end ? FieldAt(document, place) : Shared<Field>();
-                fits = SameButForSerial(replaced, first) && taken.insert(replaced->serial).second;
-                if (!fits)
-                    return false;
-                serials.emplace(field->serial, replaced->serial);
-            }
-            begin = run.end;
-        }
-        at = at + paragraph.Length();
-        return true;
-    });
-    return fits ? std::optional(serials) : std::nullopt;
-}
-
-Document FittedTo(const Document& document, TextRange range, const Document& fragment)
-{
-    const Shared<Field> first = FieldAt(fragment, {0});
-    if (!first || first->outer)
-        return fragment;
-    const std::optional<Serials> back = SerialsPutBack(document, range, fragment, first);
-    const std::uint32_t shift = back ? 0 : SerialShift(document, range, first);
-    if (!back && shift == 0)
-        return fragment;
-    return WithCharFormats(fragment, {{0}, {fragment.Size()}}, [&](CharFormat format) {
-        if (SameButForSerial(format.field, first))
-        {
-            Field field = *format.field;
-            const auto known = back ? back->find(field.serial) : Serials::const_iterator();
-            if (!back)
-                field.serial += shift;
-            else if (known != back->end())
-                field.serial = known->second;
-            format.field = Shared(std::move(field));
-        }
-        return format;
-    });
-}
-
-}  // namespace
-
 Document WithFragment(const Document& document, TextRange range, const Document& given)
 {
-    const Document fragment = FittedTo(document, Snapped(document, range), given);
+    const Document fragment = WithFieldsFitted(document, Snapped(document, range), given);
     Splice splice(document, range);
     FormatTransfer transfer(fragment.Formats(), document.SharedFormats());
     const std::int32_t last = fragment.ParagraphCount() - 1;

@@ -78,7 +78,7 @@ QImage DecodedPictures::Pixels(const Picture& picture)
 
 QImage DecodedPictures::Reduced(const Picture& picture, QSize size)
 {
-    const QImage pixels = Pixels(picture);
+    QImage pixels = Pixels(picture);
     if (!IsReducedMuch(pixels.size(), size))
         return pixels;
     {
@@ -86,7 +86,7 @@ QImage DecodedPictures::Reduced(const Picture& picture, QSize size)
         if (const auto found = Find(picture); found != m_entries.end() && found->reduced.size() == size)
             return found->reduced;
     }
-    const QImage reduced = pixels.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage reduced = pixels.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     const std::lock_guard lock(m_mutex);
     if (const auto found = Find(picture); found != m_entries.end())
         found->reduced = reduced;

@@ -85,6 +85,23 @@ TEST(SelRtf, PartsOfTwoEqualFieldsPutBackStayPartsOfThem)
     EXPECT_TRUE(SameContent(before, box.Value())) << Dump(box.Value());
 }
 
+TEST(SelRtf, APartOfAnEqualFieldBehindAParagraphIsThatFieldAgain)
+{
+    constexpr std::u16string_view kLink = uR"({\rtf1{\field{\*\fldinst HYPERLINK "x"}{\fldrslt link}}})";
+    TextBox box;
+    box.SetSelText(u"before\r\n");
+    box.SetSelRTF(kLink);
+    box.SetSelRTF(kLink);
+    const Document before = box.Value();
+    for (const std::int32_t start : {0, 3, 6, 8, 10, 12, 14})
+    {
+        box.SetSelStart(start);
+        box.SetSelLength(5);
+        box.SetSelRTF(box.SelRTF());
+        EXPECT_TRUE(SameContent(before, box.Value())) << start << Dump(box.Value());
+    }
+}
+
 TEST_P(SelRtfLaw, TheWholeLooksTheSameInAnotherBox)
 {
     TextBox box;
