@@ -71,7 +71,9 @@ void Writer::WriteBody(const Body& body, LastMark lastMark)
         if (IsRowStart(paragraphs, i))
             WriteRowStart(paragraphs, i);
         const bool isLast = i + 1 == paragraphs.size();
-        const bool leavesOut = lastMark == LastMark::LeftOutUnlessEmpty && !paragraphs[i]->Text().empty();
+        // An open end is read as standing outside of tables.
+        const bool leavesOut = lastMark == LastMark::LeftOutUnlessEmpty && !paragraphs[i]->Text().empty() &&
+                               paragraphs[i]->Ending().tableDepth == 0;
         WriteParagraph(*paragraphs[i]);
         if (isLast && lastMark == LastMark::LeftOut)
             break;
