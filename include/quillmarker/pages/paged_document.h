@@ -26,7 +26,7 @@ inline constexpr int kMostImagePixels = 20'000;
 class QUILLMARKER_PAGES_EXPORT PagedDocument
 {
 public:
-    explicit PagedDocument(Document document);
+    explicit PagedDocument(const Document& document);
     PagedDocument(Document document, const PageSetup& setup);
     ~PagedDocument();
     PagedDocument(const PagedDocument&) = delete;

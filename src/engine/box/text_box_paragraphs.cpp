@@ -44,6 +44,20 @@ std::vector<TabStop> Sorted(std::vector<TabStop> tabs)
     return tabs;
 }
 
+/// Where a stop goes that the host places next: behind the last one, or where that is the end, in the first gap.
+Twips NextFree(const std::vector<TabStop>& tabs)
+{
+    if (tabs.empty())
+        return kDefaultTab;
+    const Twips behind = std::ranges::max(tabs, {}, &TabStop::position).position + kDefaultTab;
+    if (behind.value <= kMaxTwips)
+        return behind;
+    Twips free = kDefaultTab;
+    while (std::ranges::find(tabs, free, &TabStop::position) != tabs.end())
+        free += kDefaultTab;
+    return free;
+}
+
 /// What `project` makes of the selection's paragraphs; empty when it differs among them.
 template <class Project>
 auto ParagraphValue(const Document& document, TextRange range, Project project)
@@ -177,10 +191,12 @@ void TextBox::SetSelTabCount(int count)
     if (count < 0)
         return;
     std::vector<TabStop> tabs = m_state->DraftedTabs();
+    if (const std::vector<TabStop> sorted = Sorted(tabs); sorted.size() < tabs.size())
+        tabs = sorted;  // two that the host put at one place are one
     const auto wanted = std::min(static_cast<std::size_t>(count), kMaxTabStops);
     tabs.resize(std::min(tabs.size(), wanted));
-    while (tabs.size() < wanted)  // stops that the host places next
-        tabs.push_back({tabs.empty() ? kDefaultTab : Within((Sorted(tabs).back().position + kDefaultTab).value)});
+    while (tabs.size() < wanted)
+        tabs.push_back({NextFree(tabs)});
     m_state->DraftTabs(std::move(tabs));
 }
 

@@ -63,7 +63,7 @@ struct PagedDocument::State
     bool isComplete = false;
 };
 
-PagedDocument::PagedDocument(Document document) : PagedDocument(document, PageSetupOf(document)) {}
+PagedDocument::PagedDocument(const Document& document) : PagedDocument(document, PageSetupOf(document)) {}
 
 PagedDocument::PagedDocument(Document document, const PageSetup& setup)
     : m_state(std::make_unique<State>(std::move(document), setup))

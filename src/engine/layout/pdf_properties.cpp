@@ -71,7 +71,7 @@ std::string KeptEntries(std::string_view dictionary)
         const std::size_t at = dictionary.find(key);
         if (at == std::string_view::npos)
             continue;
-        const std::size_t end = dictionary.find_first_of("\n", at);
+        const std::size_t end = dictionary.find('\n', at);
         kept += std::string(dictionary.substr(at, end - at)) + "\n";
     }
     return kept;

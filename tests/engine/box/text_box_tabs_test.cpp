@@ -159,5 +159,15 @@ TEST(Tabs, KeepTheirKindWhenTheyAreMoved)
     EXPECT_EQ(**box.SelParagraphFormat().tabs, expected);
 }
 
+TEST(TabStops, TheCountHoldsWhereTheLastStopIsAsFarAsStopsGo)
+{
+    TextBox box;
+    box.SetSelTabCount(2);
+    box.SetSelTabs(0, 1'000'000);
+    box.SetSelTabs(1, 1'000'000);
+    box.SetSelTabCount(4);
+    EXPECT_EQ(box.SelTabCount(), 4);
+}
+
 }  // namespace
 }  // namespace quillmarker

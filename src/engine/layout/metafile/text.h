@@ -33,7 +33,7 @@ struct TextRecord
     std::optional<QRectF> rectangle;
 };
 
-void Draw(Player& player, const TextRecord& record);
+void Draw(Player& player, const TextRecord& given);
 
 /// Bytes in the character set of the state's font become UTF-16. `byteSteps` holds one step for each byte, or none; what
 /// comes back holds one for each unit.
