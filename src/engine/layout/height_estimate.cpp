@@ -97,7 +97,7 @@ ParagraphHeight HeightEstimate::Of(const Paragraph& paragraph)
     const Fine length = letters.advance * static_cast<Fine>(paragraph.Text().size());
     const Fine lines = m_width.value <= 0 ? 1 : std::max<Fine>(length / std::max(room, ToFine(Points(10))) + 1, 1);
     const Fine height = LineHeight(format.lineSpacing, letters.height) * lines + TallestObject(paragraph) +
-                        ToFine(format.spaceBefore) + ToFine(format.spaceAfter);
+                        std::max<Fine>(ToFine(format.spaceBefore), 0) + std::max<Fine>(ToFine(format.spaceAfter), 0);
     return {std::max(height, kFinePerTwip), true};
 }
 

@@ -138,7 +138,7 @@ private:
         const Fine top = layout.Lines()[0].top;
         const bool drops =
             isTop && m_start.position.value > 0 && layout.Height() > 0 && !layout.Context().dropsSpaceBefore;
-        return m_y + (drops ? std::max<Fine>(top - ToFine(layout.Format().spaceBefore), 0) : top);
+        return m_y + (drops ? top - std::max<Fine>(ToFine(layout.Format().spaceBefore), 0) : top);
     }
 
     bool IsEmpty(const PlacedLines& placed) const { return m_page.lines.empty() && placed.first == placed.last; }

@@ -29,7 +29,8 @@ QRectF Frame(const ParagraphLayout& layout, QPointF origin, std::uint32_t first,
 /// Room that a border's line takes beside the text, to the line's middle.
 double Outside(const Border& border)
 {
-    return border.style == BorderStyle::None ? 0 : border.space.value + border.width.value / 2.0;
+    return border.style == BorderStyle::None ? 0
+                                             : std::max(border.space.value, 0) + std::max(border.width.value, 0) / 2.0;
 }
 
 class PieceDrawing

@@ -168,6 +168,16 @@ TEST(PageCutter, SpaceBeforeIsDroppedAtTheTopOfAFollowingPageOnly)
     EXPECT_EQ(second.lines[0].top, 0);
 }
 
+TEST(PageCutter, NegativeSpaceIsNone)
+{
+    const std::string six = "a\\par b\\par c\\par d\\par e\\par f\\par";
+    EXPECT_EQ(PagesOf(Read("\\sa-1000 " + six)), Pages({"a/b/c/d/e/", "f/"}));
+    EXPECT_EQ(PagesOf(Read("\\sb-1000 " + six)), Pages({"a/b/c/d/e/", "f/"}));
+    EXPECT_EQ(PagesOf(Read("\\sb-1000\\sa-1000\\brdrt\\brdrs\\brdrw-900\\brsp-900\\brdrb\\brdrs\\brdrw-900\\brsp-900 " +
+                           six)),
+              Pages({"a/b/c/d/e/", "f/"}));
+}
+
 TEST(FormatRange, SaysWhereTheNextPageBegins)
 {
     FixedFontHost fonts;
