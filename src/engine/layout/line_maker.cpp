@@ -62,18 +62,23 @@ private:
             case SegmentKind::Break:
                 return {.begin = begin, .end = segment->end, .ending = EndingOf(m_shapes.source[segment->begin])};
             case SegmentKind::Tab:
-                walk.AddTab(first);
-                if (IsFull(walk) && first > begin)
+                if (IsFullWithTab(walk, first) && first > FirstShown(begin, first))
                     return {.begin = begin, .end = first, .ending = LineEnd::Wrapped};
                 break;
             case SegmentKind::Hidden:
                 break;
             default:
                 if (const std::uint32_t full = FirstBeyond(walk, first, segment->end); full < segment->end)
-                    return {.begin = begin, .end = BreakBefore(full, begin), .ending = LineEnd::Wrapped};
+                    return WrappedLine(begin, BreakBefore(full, begin));
             }
         }
-        return {.begin = begin, .end = static_cast<std::uint32_t>(m_shapes.source.size()), .ending = LineEnd::Mark};
+        return WrappedLine(begin, static_cast<std::uint32_t>(m_shapes.source.size()));
+    }
+
+    /// A line that reaches to the text's end is the last one, also when it does not fit.
+    Line WrappedLine(std::uint32_t begin, std::uint32_t end) const
+    {
+        return {.begin = begin, .end = end, .ending = end == m_shapes.source.size() ? LineEnd::Mark : LineEnd::Wrapped};
     }
 
     std::vector<Segment>::const_iterator SegmentFrom(std::uint32_t offset) const
@@ -84,6 +89,14 @@ private:
 
     /// A tab reaches beyond the margin only when no stop is left before it.
     bool IsFull(const TabWalk& walk) const { return m_room.limit > 0 && walk.X() > m_room.limit; }
+
+    /// A tab at the margin or behind it would take no room.
+    bool IsFullWithTab(TabWalk& walk, std::uint32_t offset) const
+    {
+        const bool isAtMargin = m_room.limit > 0 && walk.X() >= m_room.limit;
+        walk.AddTab(offset);
+        return isAtMargin || IsFull(walk);
+    }
 
     /// The first unit of a stretch that reaches beyond the margin; blanks may.
     std::uint32_t FirstBeyond(TabWalk& walk, std::uint32_t begin, std::uint32_t end) const
@@ -100,8 +113,12 @@ private:
     /// Where the line that begins at `begin` is broken, when the unit at `full` does not fit. Always takes something.
     std::uint32_t BreakBefore(std::uint32_t full, std::uint32_t begin)
     {
+        // To look for room measures the line: after so many hyphens without any, no other is tried.
+        constexpr int kMostTries = 32;
+        int tries = 0;
         std::uint32_t at = m_breaks.LastUpTo(full, begin);
-        while (at > begin && m_shapes.source[at - 1] == kSoftHyphen && !HasRoomForHyphen(begin, at))
+        while (at > begin && m_shapes.source[at - 1] == kSoftHyphen &&
+               (++tries > kMostTries || !HasRoomForHyphen(begin, at)))
             at = m_breaks.LastUpTo(at - 1, begin);
         if (at > begin)
             return at;

@@ -4,6 +4,7 @@
 #include "paragraph_layout.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace quillmarker
 {
@@ -11,6 +12,9 @@ namespace
 {
 
 constexpr double kLeastThickness = 8;  // twips, of a line under text
+
+// Addresses longer than this lead nowhere in the programs that show pages; in units.
+constexpr std::size_t kMostTarget = 2083;
 
 /// The rectangle between the indents that shading and borders share.
 QRectF Frame(const ParagraphLayout& layout, QPointF origin, std::uint32_t first, std::uint32_t last)
@@ -217,13 +221,17 @@ private:
 
     void DrawObject(const Piece& piece)
     {
-        for (const MeasuredObject& measured : m_shapes.objects)
+        const auto& objects = m_shapes.objects;
+        auto measured =
+            std::lower_bound(objects.begin(), objects.end(), piece.begin,
+                             [](const MeasuredObject& other, std::uint32_t at) { return other.offset < at; });
+        for (; measured != objects.end() && measured->offset == piece.begin; ++measured)
         {
-            if (measured.offset != piece.begin || measured.size.width <= 0 || measured.size.height <= 0)
+            if (measured->size.width <= 0 || measured->size.height <= 0)
                 continue;
-            const double height = InTwips(measured.size.height);
+            const double height = InTwips(measured->size.height);
             m_list.Add(PlacedPicture{QRectF(X(piece), Baseline(*piece.segment) - height, InTwips(piece.width), height),
-                                     ShownObject(measured.object)});
+                                     ShownObject(measured->object)});
         }
     }
 
@@ -282,22 +290,20 @@ private:
     void AddWordLines(const Piece& piece, double y, double thickness, Colour colour)
     {
         const std::u16string_view source = m_shapes.source;
-        for (std::uint32_t at = piece.begin; at < piece.end;)
+        Fine before = 0;
+        for (std::uint32_t at = piece.begin; at < piece.end; ++at)
         {
-            std::uint32_t end = at;
-            while (end < piece.end && source[end] != u' ' && source[end] != u'\t')
-                ++end;
-            if (end > at)
-            {
-                const double a = InTwips(m_pieces.Edge(piece, at));
-                const double b = InTwips(m_pieces.Edge(piece, end));
-                m_list.Add(TextLine{{m_left + std::min(a, b), y},
-                                    static_cast<float>(std::max(a, b) - std::min(a, b)),
+            Fine width = 0;
+            for (; at < piece.end && source[at] != u' ' && source[at] != u'\t'; ++at)
+                width += m_pieces.Advance(at);
+            const Fine left = piece.IsRightToLeft() ? piece.width - before - width : before;
+            if (width > 0)
+                m_list.Add(TextLine{{X(piece) + InTwips(left), y},
+                                    static_cast<float>(InTwips(width)),
                                     static_cast<float>(thickness),
                                     Underline::Single,
                                     colour});
-            }
-            at = std::max(end, at + 1);
+            before += width + (at < piece.end ? m_pieces.Advance(at) : 0);
         }
     }
 
@@ -330,12 +336,30 @@ private:
 
     void AddLink(const Piece& piece)
     {
-        if (!piece.segment->format->field || piece.width <= 0)
+        const Shared<Field>& field = piece.segment->format->field;
+        if (!field || piece.width <= 0)
             return;
-        std::u16string target = LinkTarget(*piece.segment->format->field);
-        if (!target.empty())
-            m_list.Add(LinkArea{QRectF(X(piece), m_textTop, InTwips(piece.width), InTwips(m_line.textHeight)),
-                                std::move(target)});
+        const QRectF rectangle(X(piece), m_textTop, InTwips(piece.width), InTwips(m_line.textHeight));
+        if (&*field != m_field)
+        {
+            m_field = &*field;
+            m_target = LinkTarget(*field);
+            if (m_target.size() > kMostTarget)
+                m_target.clear();
+        }
+        else if (m_link && piece.x == m_linkEnd)
+        {
+            auto& before = std::get<LinkArea>(m_list.items[*m_link]);
+            before.rectangle.setRight(rectangle.right());
+            m_linkEnd += piece.width;
+            return;
+        }
+        m_link.reset();
+        if (m_target.empty())
+            return;
+        m_link = m_list.items.size();
+        m_linkEnd = piece.x + piece.width;
+        m_list.Add(LinkArea{rectangle, m_target});
     }
 
     const ParagraphLayout& m_layout;
@@ -348,6 +372,11 @@ private:
     double m_textTop = 0;
     std::vector<TextLine> m_under;
     std::vector<TextLine> m_through;
+    // The link that was drawn last: the pieces of one field are one area.
+    const Field* m_field = nullptr;
+    std::u16string m_target;
+    std::optional<std::size_t> m_link;  // its item
+    Fine m_linkEnd = 0;
 };
 
 void DrawBorders(const ParagraphLayout& layout, DisplayList& list, QPointF origin, std::uint32_t first,
