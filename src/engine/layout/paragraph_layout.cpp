@@ -78,6 +78,11 @@ ParagraphLayout::ParagraphLayout(ParagraphRef paragraph, const FormatTable& form
 
 ParagraphLayout::~ParagraphLayout() = default;
 
+Fine ParagraphLayout::SpaceBetween() const
+{
+    return m_height == 0 || m_context.dropsSpaceBefore ? 0 : NotNegative(m_format->spaceBefore);
+}
+
 std::uint32_t ParagraphLayout::LineOf(std::uint32_t offset, LineSide side) const
 {
     const auto found = std::upper_bound(m_lines.begin(), m_lines.end(), offset,

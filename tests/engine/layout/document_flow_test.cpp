@@ -38,6 +38,18 @@ TEST(DocumentFlow, NegativeSpaceTakesNothingAway)
     EXPECT_EQ(sample.flow.Height(), Lines(3));
 }
 
+TEST(DocumentFlow, EstimatesGiganticPictures)
+{
+    const auto heightOf = [](const std::string& size) {
+        return FlowSample(ReadRtf("{\\rtf1 {\\pict\\pngblip" + size + " 89}}"), 40).flow.Height();
+    };
+    constexpr Fine kMost = 22 * 1440 * 10 * kFinePerTwip;
+    EXPECT_GE(heightOf("\\pichgoal2147483647\\picscaley2147483647"), kMost);
+    EXPECT_GE(heightOf("\\pich2147483647\\picscaley2147483647"), kMost);
+    EXPECT_EQ(heightOf("\\pichgoal2000\\picscaley0"), heightOf("\\pichgoal2000"));
+    EXPECT_EQ(heightOf("\\pichgoal2000\\picscaley-7"), heightOf("\\pichgoal2000"));
+}
+
 TEST(DocumentFlow, LaysOutWhatIsVisible)
 {
     FlowSample sample(CountedParagraphs(1000), 40);
