@@ -152,18 +152,19 @@ private:
     {
         const LineMeasure measure = Measure(m_shapes, m_room, line.begin, line.end, line.ending);
         line.width = std::max<Fine>(measure.end - m_room.start, 0);
-        line.left = LeftOf(line);
+        line.left = LeftOf(line, measure);
         SetHeight(line);
         line.top = m_top;
         m_top += line.height;
         m_lines.push_back(line);
     }
 
-    /// The left end of what a line shows, as its paragraph is aligned.
-    Fine LeftOf(const Line& line) const
+    /// The left end of what a line shows, as its paragraph is aligned. Where text runs from right to left, blanks at the
+    /// line's end stand on the left of it.
+    Fine LeftOf(const Line& line, const LineMeasure& measure) const
     {
         if (m_room.limit <= 0)
-            return m_room.start;
+            return m_room.start + (m_shapes.isRightToLeft ? measure.trailing : 0);
         const bool isMirrored = m_shapes.isRightToLeft;
         const Fine full = ToFine(m_context.width);
         const Fine left = isMirrored ? full - m_room.limit : m_room.start;
@@ -175,6 +176,8 @@ private:
         case Alignment::Right:
             return std::max(right - line.width, isMirrored ? right - line.width : left);
         default:
+            // "Left" means where lines begin, as with the indents of first lines: on the right in a paragraph that runs from
+            // right to left.
             return isMirrored ? right - line.width : left;
         }
     }

@@ -16,13 +16,22 @@ constexpr double kLeastThickness = 8;  // twips, of a line under text
 // Addresses longer than this lead nowhere in the programs that show pages; in units.
 constexpr std::size_t kMostTarget = 2083;
 
+/// Whether lengths along a paragraph's lines count from the right.
+bool IsMirrored(const ParagraphLayout& layout)
+{
+    return layout.Shapes().isRightToLeft && layout.Context().width.value > 0;
+}
+
 /// The rectangle between the indents that shading and borders share.
 QRectF Frame(const ParagraphLayout& layout, QPointF origin, std::uint32_t first, std::uint32_t last)
 {
     const auto lines = layout.Lines();
     const ParagraphFormat& format = layout.Format();
-    const double left = format.leftIndent.value + std::min(format.firstIndent.value, 0);
-    const double right = layout.Context().width.value > 0 ? layout.Context().width.value - format.rightIndent.value
+    // A first line that hangs out does so where lines begin.
+    const double hanging = std::min(format.firstIndent.value, 0);
+    const double left = format.leftIndent.value + (IsMirrored(layout) ? 0 : hanging);
+    const double right = layout.Context().width.value > 0 ? layout.Context().width.value - format.rightIndent.value -
+                                                                (IsMirrored(layout) ? hanging : 0)
                                                           : InTwips(layout.Extent());
     const double top = InTwips(lines[first].top);
     const double bottom = InTwips(lines[last - 1].Bottom());
@@ -65,10 +74,14 @@ public:
             return;
         const double width = InTwips(m_shapes.numberWidth);
         double x = InTwips(m_pieces.Room().numberAt);
-        if (m_shapes.isRightToLeft && m_layout.Context().width.value > 0)
+        if (IsMirrored(m_layout))
             x = m_layout.Context().width.value - x - width;
         const RunFont& font = m_shapes.numberFont;
-        AddShaped(m_shapes.number.glyphs, 0, font, 1, {m_left + x, m_baseline}, m_shapes.markFormat->colour,
+        const std::vector<ShapedGlyph>& glyphs = m_shapes.number.glyphs;
+        std::vector<float> places(glyphs.size());
+        std::transform(glyphs.begin(), glyphs.end(), places.begin(),
+                       [&](const ShapedGlyph& glyph) { return static_cast<float>(glyph.x * UnitLength(font)); });
+        AddShaped(glyphs, places, font, 1, {m_left + x, m_baseline}, m_shapes.markFormat->colour,
                   m_shapes.isRightToLeft, m_layout.Context().number);
     }
 
@@ -177,19 +190,64 @@ private:
         std::vector<ShapedGlyph> glyphs = part.shaped.glyphs;
         if (!isWhole)
             std::erase_if(glyphs, [&](const ShapedGlyph& glyph) { return glyph.x < left || glyph.x >= left + within; });
-        AddShaped(glyphs, left, segment.font, Stretch(*segment.format), {X(piece), Baseline(segment)},
+        std::vector<float> places(glyphs.size());
+        const std::vector<UnitEdge> edges = EdgesOf(piece);
+        std::transform(glyphs.begin(), glyphs.end(), places.begin(),
+                       [&](const ShapedGlyph& glyph) { return PlaceOf(glyph.x - left, piece, edges); });
+        AddShaped(glyphs, places, segment.font, Stretch(*segment.format), {X(piece), Baseline(segment)},
                   segment.format->colour, piece.IsRightToLeft(),
-                  m_shapes.Text().substr(piece.begin, piece.end - piece.begin), Spread(piece, within));
+                  m_shapes.Text().substr(piece.begin, piece.end - piece.begin));
     }
 
-    /// How much wider than its glyphs a piece is, by character spacing.
-    double Spread(const Piece& piece, std::int64_t within) const
+    /// Where a unit of a shaped piece begins, from the side where its text begins: as it was shaped, and as it is set.
+    struct UnitEdge
+    {
+        std::int64_t natural;
+        Fine set;
+    };
+
+    /// Of the units that have room, and of the piece's end.
+    std::vector<UnitEdge> EdgesOf(const Piece& piece) const
+    {
+        std::vector<UnitEdge> edges;
+        UnitEdge edge{0, 0};
+        for (std::uint32_t at = piece.begin; at < piece.end; ++at)
+        {
+            const std::int32_t natural = piece.part->shaped.advances[at - piece.part->begin];
+            if (natural > 0)
+                edges.push_back(edge);
+            edge.natural += natural;
+            edge.set += m_pieces.Advance(at);
+        }
+        edges.push_back(edge);
+        return edges;
+    }
+
+    /// Where a glyph stands that was shaped at `x` from the piece's left: as far from its unit's start as it was there,
+    /// and the room between characters behind each unit.
+    float PlaceOf(std::int64_t x, const Piece& piece, const std::vector<UnitEdge>& edges) const
     {
         const Segment& segment = *piece.segment;
-        const double natural = InTwips(ScaledUnits(within, segment.font.size, UnitsOf(segment.font)));
-        return natural > 0 && segment.format->spacing.value != 0
-                   ? InTwips(piece.width) / (natural * static_cast<double>(Stretch(*segment.format)))
-                   : 1;
+        const double scale = UnitLength(segment.font) * static_cast<double>(Stretch(*segment.format));
+        if (!piece.IsRightToLeft())
+        {
+            const auto next = std::upper_bound(edges.begin(), edges.end() - 1, x,
+                                               [](std::int64_t at, const UnitEdge& edge) { return at < edge.natural; });
+            const UnitEdge& edge = next == edges.begin() ? *next : *std::prev(next);
+            return static_cast<float>(InTwips(edge.set) + static_cast<double>(x - edge.natural) * scale);
+        }
+        // The glyph's left is where its unit ends: the unit is the last that begins before it.
+        const std::int64_t before = edges.back().natural - x;
+        const auto next = std::lower_bound(edges.begin(), edges.end() - 1, before,
+                                           [](const UnitEdge& edge, std::int64_t at) { return edge.natural < at; });
+        const UnitEdge& edge = next == edges.begin() ? *next : *std::prev(next);
+        return static_cast<float>(InTwips(piece.width - edge.set) - static_cast<double>(before - edge.natural) * scale);
+    }
+
+    /// Twips of a length in 64ths of a font's units.
+    static double UnitLength(const RunFont& font)
+    {
+        return static_cast<double>(font.size.value) / static_cast<double>(UnitsOf(font));
     }
 
     static std::int64_t UnitsOf(const RunFont& font)
@@ -197,10 +255,9 @@ private:
         return std::int64_t{font.face->Metrics().unitsPerEm} * kAdvancesPerUnit;
     }
 
-    void AddShaped(const std::vector<ShapedGlyph>& glyphs, std::int64_t left, const RunFont& font, float stretch,
-                   QPointF origin, Colour colour, bool rightToLeft, std::u16string_view text, double spread = 1)
+    void AddShaped(const std::vector<ShapedGlyph>& glyphs, const std::vector<float>& places, const RunFont& font,
+                   float stretch, QPointF origin, Colour colour, bool rightToLeft, std::u16string_view text)
     {
-        const double unit = static_cast<double>(font.size.value) / static_cast<double>(UnitsOf(font));
         for (std::size_t i = 0; i < glyphs.size();)
         {
             const FontFace* face = glyphs[i].face;
@@ -211,10 +268,7 @@ private:
             if (i == 0)
                 run.text = text;
             for (; i < glyphs.size() && glyphs[i].face == face; ++i)
-                run.glyphs.push_back(
-                    {glyphs[i].glyph,
-                     static_cast<float>(static_cast<double>(glyphs[i].x - left) * unit * spread) * stretch,
-                     static_cast<float>(-glyphs[i].y * unit)});
+                run.glyphs.push_back({glyphs[i].glyph, places[i], static_cast<float>(-glyphs[i].y * UnitLength(font))});
             m_list.Add(std::move(run));
         }
     }
@@ -412,7 +466,8 @@ void DrawBars(const ParagraphLayout& layout, DisplayList& list, QPointF origin, 
     {
         if (stop.kind != TabKind::Bar)
             continue;
-        const double x = origin.x() + stop.position.value;
+        const double position = stop.position.value;
+        const double x = origin.x() + (IsMirrored(layout) ? layout.Context().width.value - position : position);
         list.Add(BorderLine{{x, frame.top()}, {x, frame.bottom()}, {BorderStyle::Single, kBarWidth, {}, {}}});
     }
 }

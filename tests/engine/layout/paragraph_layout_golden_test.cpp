@@ -67,6 +67,13 @@ constexpr Case kCases[] = {
      "{\\field{\\*\\fldinst HYPERLINK \"http://example.org\"}{\\fldrslt a{\\b b}{\\i c} d}}{\\field{\\*\\fldinst "
      "HYPERLINK \"http://example.org\"}{\\fldrslt e}}",
      {3000}},
+    {"spacing_kerned", "{\\kerning1\\expndtw20 aAVa}", {3000}},
+    {"spacing_combining", "{\\expndtw20 e\\u769?ae\\u769?}", {3000}},
+    {"spacing_hebrew", "\\rtlpar{\\expndtw20 \\u1488?\\u1489?\\u1490?}", {3000}},
+    {"hebrew_frame",
+     "\\rtlpar\\li100\\ri300\\fi-200\\brdrt\\brdrs\\brdrw20\\tb400\\tx800 \\u1488?\\tab \\u1489?",
+     {1000}},
+    {"hebrew_unwrapped", "\\rtlpar \\u1488?\\u1489?   ", {0}},
     {"soft_hyphen", "abcd\\-efgh\\-ijkl", {600}},
     {"soft_hyphen_no_room", "abcdef\\-gh", {600}},
     {"long_word", "abcdefghijklmno", {600}},
