@@ -27,6 +27,8 @@ Result<bool> Outcome(const std::string& name, FileError error)
     return error == FileError::None ? Result<bool>(true) : FailureOf(name, error);
 }
 
+Failure Stopped(int page) { return {"stopped before page " + std::to_string(page)}; }
+
 class Images
 {
 public:
@@ -60,7 +62,7 @@ private:
     Result<bool> WriteOne(int page, const std::string& name)
     {
         if (m_progress && !m_progress(page))
-            return Failure{"stopped before page " + std::to_string(page)};
+            return Stopped(page);
         const double dotsPerInch = m_wishes.dotsPerInch;
         return name == kStandardStream ? PrintBytes(ToPng(m_pages, page, dotsPerInch))
                                        : Outcome(name, WritePng(m_pages, page, dotsPerInch, name));
@@ -74,8 +76,15 @@ private:
 
 Result<bool> WriteAsPdf(PagedDocument& pages, const std::string& name, const PageProgress& progress)
 {
-    return name == kStandardStream ? PrintBytes(ToPdf(pages, progress))
-                                   : Outcome(name, WritePdf(pages, name, progress));
+    int stoppedAt = 0;
+    const PageProgress watched = [&](int page) {
+        if (progress && !progress(page))
+            stoppedAt = page;
+        return stoppedAt == 0;
+    };
+    Result<bool> written =
+        name == kStandardStream ? PrintBytes(ToPdf(pages, watched)) : Outcome(name, WritePdf(pages, name, watched));
+    return stoppedAt == 0 ? written : Stopped(stoppedAt);
 }
 
 }  // namespace

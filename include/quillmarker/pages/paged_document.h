@@ -22,7 +22,8 @@ namespace quillmarker
 inline constexpr int kMostImagePixels = 20'000;
 
 /// A document on pages. Pages are cut when they are asked for, and break at the same places whatever they are painted
-/// on. Needs a QGuiApplication (the platform "offscreen" serves); used in one thread at a time.
+/// on. Needs a QGuiApplication (the platform "offscreen" serves); used in one thread at a time. Documents share their table
+/// of formats with those they come from: one that goes to another thread is Detached() first.
 class QUILLMARKER_PAGES_EXPORT PagedDocument
 {
 public:
@@ -58,15 +59,16 @@ private:
 using PageProgress = std::function<bool(int page)>;
 
 /// The document as PDF: text that can be selected and searched, and what \info says as its properties. Empty when
-/// `progress` stopped it, or for want of memory.
+/// `progress` stopped it.
 QUILLMARKER_PAGES_EXPORT std::string ToPdf(PagedDocument& pages, const PageProgress& progress = {});
 
-/// The same into a file, which is replaced as a whole or not at all.
+/// The same into a file, which is replaced as a whole or not at all. What `progress` stopped is no error: the file stays
+/// as it was.
 QUILLMARKER_PAGES_EXPORT FileError WritePdf(PagedDocument& pages, const std::filesystem::path& path,
                                             const PageProgress& progress = {});
 
 /// A page on white paper as PNG, which says how large the page is; empty when there is no such page, when it would be
-/// larger than kMostImagePixels a side, or for want of memory.
+/// larger than kMostImagePixels a side, or when there is no memory for the image.
 QUILLMARKER_PAGES_EXPORT std::string ToPng(PagedDocument& pages, int page, double dotsPerInch);
 
 /// The same into a file, which is replaced as a whole or not at all.

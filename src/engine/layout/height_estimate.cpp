@@ -3,6 +3,7 @@
 #include "picture_image.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace quillmarker
 {
@@ -15,8 +16,12 @@ constexpr Fine kMostHeight = static_cast<Fine>(kMaxPictureTwips) * kFinePerTwip;
 Fine HeightOf(const Picture& picture)
 {
     constexpr Fine kTwipsPerPixel = 15;
-    const Fine goal = picture.goalHeight.value > 0 ? picture.goalHeight.value : picture.height * kTwipsPerPixel;
-    const Fine scaled = goal * std::max(picture.scaleY, 1) / 100;
+    constexpr Fine kMostGoal = std::numeric_limits<std::int32_t>::max();
+    constexpr Fine kMostPercent = 10'000;
+    const Fine wanted = picture.goalHeight.value > 0 ? picture.goalHeight.value : picture.height * kTwipsPerPixel;
+    const Fine goal = std::clamp<Fine>(wanted, 0, kMostGoal);
+    const Fine percent = picture.scaleY > 0 ? std::min<Fine>(picture.scaleY, kMostPercent) : 100;
+    const Fine scaled = goal * percent / 100;
     return std::clamp<Fine>((scaled - picture.cropTop.value - picture.cropBottom.value) * kFinePerTwip, 0, kMostHeight);
 }
 
@@ -60,21 +65,22 @@ Fine LineHeight(const LineSpacing& spacing, Fine natural)
 
 const HeightEstimate::Letters& HeightEstimate::LettersOf(CharFormatId format)
 {
-    const auto index = static_cast<std::size_t>(format);
-    if (index >= m_letters.size())
-        m_letters.resize(std::max(m_document.Formats().CharFormatCount(), index + 1));
-    Letters& letters = m_letters[index];
-    if (!letters.isKnown)
+    if (m_last && format == m_lastFormat)
+        return *m_last;
+    const auto [at, isNew] = m_letters.try_emplace(format);
+    Letters& letters = at->second;
+    if (isNew)
     {
         // As the usual fonts have it: half an em a character, and a line gap.
         const CharFormat& full = m_document.FormatOf(format);
         const Fine size = ToFine(full.size);
         const Fine percent = full.widthPercent == 0 ? 100 : full.widthPercent;
-        letters = {.isKnown = true,
-                   .isHidden = full.hidden,
+        letters = {.isHidden = full.hidden,
                    .advance = std::max<Fine>(size / 2 * percent / 100 + ToFine(full.spacing), 0),
                    .height = size * 23 / 20};
     }
+    m_lastFormat = format;
+    m_last = &letters;
     return letters;
 }
 
@@ -97,7 +103,7 @@ ParagraphHeight HeightEstimate::Of(const Paragraph& paragraph)
     const Fine length = letters.advance * static_cast<Fine>(paragraph.Text().size());
     const Fine lines = m_width.value <= 0 ? 1 : std::max<Fine>(length / std::max(room, ToFine(Points(10))) + 1, 1);
     const Fine height = LineHeight(format.lineSpacing, letters.height) * lines + TallestObject(paragraph) +
-                        ToFine(format.spaceBefore) + ToFine(format.spaceAfter);
+                        std::max<Fine>(ToFine(format.spaceBefore), 0) + std::max<Fine>(ToFine(format.spaceAfter), 0);
     return {std::max(height, kFinePerTwip), true};
 }
 

@@ -4,6 +4,7 @@
 
 #include <quillmarker/document.h>
 
+#include <unordered_map>
 #include <vector>
 
 namespace quillmarker
@@ -26,7 +27,6 @@ private:
     /// What a format of characters means, looked up once.
     struct Letters
     {
-        bool isKnown = false;
         bool isHidden = false;
         Fine advance = 0;
         Fine height = 0;
@@ -37,7 +37,10 @@ private:
 
     const Document& m_document;
     Twips m_width;
-    std::vector<Letters> m_letters;  // by format
+    // Only the formats that were met: a keystroke asks for one or two of all those of a document.
+    std::unordered_map<CharFormatId, Letters> m_letters;
+    CharFormatId m_lastFormat{};
+    const Letters* m_last = nullptr;  // of the last format: paragraphs alike follow each other
 };
 
 }  // namespace quillmarker

@@ -150,9 +150,10 @@ std::uint32_t LineBreaks::LastCharacterUpTo(std::uint32_t offset, std::uint32_t 
         return offset;
     if (after >= size)
         return size;
-    const BoundaryRules characters(UBRK_CHARACTER, "", m_text);
-    const std::uint32_t last = characters.LastUpTo(offset);
-    return last > after ? last : characters.NextBehind(after);
+    // From `after` on: flags come in pairs, which are counted from where the text begins.
+    const BoundaryRules characters(UBRK_CHARACTER, "", m_text.substr(after));
+    const std::uint32_t last = offset > after ? characters.LastUpTo(offset - after) : 0;
+    return after + (last > 0 ? last : characters.NextBehind(0));
 }
 
 }  // namespace quillmarker

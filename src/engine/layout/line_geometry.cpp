@@ -105,8 +105,16 @@ LineMeasure Measure(const ParagraphShapes& shapes, const LineRoom& room, std::ui
     const bool hasBreak = ending == LineEnd::Break || ending == LineEnd::Page || ending == LineEnd::Column;
     LineMeasure measure;
     measure.textEnd = hasBreak ? end - 1 : end;
-    while (measure.textEnd > begin && IsBlank(shapes.source[measure.textEnd - 1]))
-        measure.trailing += shapes.advances[--measure.textEnd];
+    while (measure.textEnd > begin)
+    {
+        const std::uint32_t last = measure.textEnd - 1;
+        if (IsBlank(shapes.source[last]))
+            measure.trailing += shapes.advances[--measure.textEnd];
+        else if (const Segment& segment = shapes.SegmentAt(last); segment.kind == SegmentKind::Hidden)
+            measure.textEnd = std::max(begin, segment.begin);
+        else
+            break;
+    }
     TabWalk walk(room.tabs, room.start);
     for (std::uint32_t at = begin; at < measure.textEnd; ++at)
     {

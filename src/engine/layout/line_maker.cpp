@@ -62,18 +62,23 @@ private:
             case SegmentKind::Break:
                 return {.begin = begin, .end = segment->end, .ending = EndingOf(m_shapes.source[segment->begin])};
             case SegmentKind::Tab:
-                walk.AddTab(first);
-                if (IsFull(walk) && first > begin)
+                if (IsFullWithTab(walk, first) && first > FirstShown(begin, first))
                     return {.begin = begin, .end = first, .ending = LineEnd::Wrapped};
                 break;
             case SegmentKind::Hidden:
                 break;
             default:
                 if (const std::uint32_t full = FirstBeyond(walk, first, segment->end); full < segment->end)
-                    return {.begin = begin, .end = BreakBefore(full, begin), .ending = LineEnd::Wrapped};
+                    return WrappedLine(begin, BreakBefore(full, begin));
             }
         }
-        return {.begin = begin, .end = static_cast<std::uint32_t>(m_shapes.source.size()), .ending = LineEnd::Mark};
+        return WrappedLine(begin, static_cast<std::uint32_t>(m_shapes.source.size()));
+    }
+
+    /// A line that reaches to the text's end is the last one, also when it does not fit.
+    Line WrappedLine(std::uint32_t begin, std::uint32_t end) const
+    {
+        return {.begin = begin, .end = end, .ending = end == m_shapes.source.size() ? LineEnd::Mark : LineEnd::Wrapped};
     }
 
     std::vector<Segment>::const_iterator SegmentFrom(std::uint32_t offset) const
@@ -84,6 +89,14 @@ private:
 
     /// A tab reaches beyond the margin only when no stop is left before it.
     bool IsFull(const TabWalk& walk) const { return m_room.limit > 0 && walk.X() > m_room.limit; }
+
+    /// A tab at the margin or behind it would take no room.
+    bool IsFullWithTab(TabWalk& walk, std::uint32_t offset) const
+    {
+        const bool isAtMargin = m_room.limit > 0 && walk.X() >= m_room.limit;
+        walk.AddTab(offset);
+        return isAtMargin || IsFull(walk);
+    }
 
     /// The first unit of a stretch that reaches beyond the margin; blanks may.
     std::uint32_t FirstBeyond(TabWalk& walk, std::uint32_t begin, std::uint32_t end) const
@@ -100,8 +113,12 @@ private:
     /// Where the line that begins at `begin` is broken, when the unit at `full` does not fit. Always takes something.
     std::uint32_t BreakBefore(std::uint32_t full, std::uint32_t begin)
     {
+        // To look for room measures the line: after so many hyphens without any, no other is tried.
+        constexpr int kMostTries = 32;
+        int tries = 0;
         std::uint32_t at = m_breaks.LastUpTo(full, begin);
-        while (at > begin && m_shapes.source[at - 1] == kSoftHyphen && !HasRoomForHyphen(begin, at))
+        while (at > begin && m_shapes.source[at - 1] == kSoftHyphen &&
+               (++tries > kMostTries || !HasRoomForHyphen(begin, at)))
             at = m_breaks.LastUpTo(at - 1, begin);
         if (at > begin)
             return at;
@@ -135,18 +152,19 @@ private:
     {
         const LineMeasure measure = Measure(m_shapes, m_room, line.begin, line.end, line.ending);
         line.width = std::max<Fine>(measure.end - m_room.start, 0);
-        line.left = LeftOf(line);
+        line.left = LeftOf(line, measure);
         SetHeight(line);
         line.top = m_top;
         m_top += line.height;
         m_lines.push_back(line);
     }
 
-    /// The left end of what a line shows, as its paragraph is aligned.
-    Fine LeftOf(const Line& line) const
+    /// The left end of what a line shows, as its paragraph is aligned. Where text runs from right to left, blanks at the
+    /// line's end stand on the left of it.
+    Fine LeftOf(const Line& line, const LineMeasure& measure) const
     {
         if (m_room.limit <= 0)
-            return m_room.start;
+            return m_room.start + (m_shapes.isRightToLeft ? measure.trailing : 0);
         const bool isMirrored = m_shapes.isRightToLeft;
         const Fine full = ToFine(m_context.width);
         const Fine left = isMirrored ? full - m_room.limit : m_room.start;
@@ -158,6 +176,8 @@ private:
         case Alignment::Right:
             return std::max(right - line.width, isMirrored ? right - line.width : left);
         default:
+            // "Left" means where lines begin, as with the indents of first lines: on the right in a paragraph that runs from
+            // right to left.
             return isMirrored ? right - line.width : left;
         }
     }

@@ -29,13 +29,13 @@ void LinePieces::ResolveTabs()
         m_advances[tab.offset - m_begin] = tab.width;
 }
 
-/// Justified lines share what is left of the room among their blanks behind the last tab. A paragraph's last line is
-/// left as it is, unless the text is distributed.
+/// Justified lines share what is left of the room among their blanks behind the last tab. What ends with a break or with
+/// the paragraph is left as it is, unless the text is distributed.
 void LinePieces::StretchBlanks()
 {
     const Alignment alignment = m_layout.Format().alignment;
-    const bool isStretched = (alignment == Alignment::Justify && m_line.ending == LineEnd::Wrapped) ||
-                             (alignment == Alignment::Distribute && m_line.ending != LineEnd::Mark);
+    const bool isStretched =
+        (alignment == Alignment::Justify && m_line.ending == LineEnd::Wrapped) || alignment == Alignment::Distribute;
     const Fine rest = m_room.limit - m_measure.end;
     if (!isStretched || m_room.limit <= 0 || rest <= 0)
         return;

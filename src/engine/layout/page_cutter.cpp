@@ -129,21 +129,32 @@ private:
         return true;
     }
 
-    /// Where a line goes. The space before a paragraph is dropped at the top of a page that the text flowed onto.
-    Fine Top(LinePlace at, const ParagraphLayout& layout) const
+    /// Where a line goes. No room above it pushes the first line of a page off the page.
+    Fine Top(LinePlace at, const ParagraphLayout& layout)
     {
-        const bool isTop = m_page.lines.empty();
         if (at.line > 0)
             return 0;
-        const Fine top = layout.Lines()[0].top;
-        const bool drops =
-            isTop && m_start.position.value > 0 && layout.Height() > 0 && !layout.Context().dropsSpaceBefore;
-        return m_y + (drops ? std::max<Fine>(top - ToFine(layout.Format().spaceBefore), 0) : top);
+        const Line& line = layout.Lines()[0];
+        if (!m_page.lines.empty())
+            return m_y + line.top;
+        const Fine top = DropsSpaceBefore(at.paragraph, layout) ? line.top - layout.SpaceBetween() : line.top;
+        return std::min(top, std::max<Fine>(m_state.height - line.height, 0));
+    }
+
+    /// The space before a paragraph is dropped at the top of a page that the text flowed onto. (Behind a break character
+    /// a paragraph goes on: its first line never follows one.)
+    bool DropsSpaceBefore(std::int32_t paragraph, const ParagraphLayout& layout)
+    {
+        return m_start.position.value > 0 && layout.Height() > 0 && !MustBreakBefore(paragraph);
     }
 
     bool IsEmpty(const PlacedLines& placed) const { return m_page.lines.empty() && placed.first == placed.last; }
 
-    bool IsLastMark(std::int32_t paragraph) const { return paragraph == m_state.document.ParagraphCount() - 1; }
+    /// The document's last mark shows although it begins where the last page ends; not so in a range that ends before.
+    bool IsLastMark(std::int32_t paragraph) const
+    {
+        return m_end.value >= m_state.document.Size() && paragraph == m_state.document.ParagraphCount() - 1;
+    }
 
     bool MustBreakBefore(std::int32_t paragraph)
     {

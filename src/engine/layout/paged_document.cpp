@@ -108,12 +108,13 @@ void PagedDocument::Paint(QPainter& painter, int page, double scale)
 QImage PagedDocument::Image(int page, double dotsPerInch)
 {
     const double scale = dotsPerInch / kTwipsPerInch;
-    const auto width = std::llround(m_state->setup.paper.width.value * scale);
-    const auto height = std::llround(m_state->setup.paper.height.value * scale);
-    if (!HasPage(page) || !(scale > 0) || std::max(width, height) > kMostImagePixels)
+    const double width = m_state->setup.paper.width.value * scale;
+    const double height = m_state->setup.paper.height.value * scale;
+    // Before anything is rounded: what is infinite or no number has no whole number.
+    if (!(scale > 0) || !(std::max(width, height) < kMostImagePixels + 0.5) || !HasPage(page))
         return {};
-    QImage image(static_cast<int>(std::max(width, 1LL)), static_cast<int>(std::max(height, 1LL)),
-                 QImage::Format_ARGB32_Premultiplied);
+    const auto pixels = [](double length) { return std::max(static_cast<int>(std::lround(length)), 1); };
+    QImage image(pixels(width), pixels(height), QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return {};
     image.fill(Qt::white);

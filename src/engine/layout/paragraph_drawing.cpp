@@ -4,6 +4,7 @@
 #include "paragraph_layout.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace quillmarker
 {
@@ -12,13 +13,25 @@ namespace
 
 constexpr double kLeastThickness = 8;  // twips, of a line under text
 
+// Addresses longer than this lead nowhere in the programs that show pages; in units.
+constexpr std::size_t kMostTarget = 2083;
+
+/// Whether lengths along a paragraph's lines count from the right.
+bool IsMirrored(const ParagraphLayout& layout)
+{
+    return layout.Shapes().isRightToLeft && layout.Context().width.value > 0;
+}
+
 /// The rectangle between the indents that shading and borders share.
 QRectF Frame(const ParagraphLayout& layout, QPointF origin, std::uint32_t first, std::uint32_t last)
 {
     const auto lines = layout.Lines();
     const ParagraphFormat& format = layout.Format();
-    const double left = format.leftIndent.value + std::min(format.firstIndent.value, 0);
-    const double right = layout.Context().width.value > 0 ? layout.Context().width.value - format.rightIndent.value
+    // A first line that hangs out does so where lines begin.
+    const double hanging = std::min(format.firstIndent.value, 0);
+    const double left = format.leftIndent.value + (IsMirrored(layout) ? 0 : hanging);
+    const double right = layout.Context().width.value > 0 ? layout.Context().width.value - format.rightIndent.value -
+                                                                (IsMirrored(layout) ? hanging : 0)
                                                           : InTwips(layout.Extent());
     const double top = InTwips(lines[first].top);
     const double bottom = InTwips(lines[last - 1].Bottom());
@@ -29,7 +42,8 @@ QRectF Frame(const ParagraphLayout& layout, QPointF origin, std::uint32_t first,
 /// Room that a border's line takes beside the text, to the line's middle.
 double Outside(const Border& border)
 {
-    return border.style == BorderStyle::None ? 0 : border.space.value + border.width.value / 2.0;
+    return border.style == BorderStyle::None ? 0
+                                             : std::max(border.space.value, 0) + std::max(border.width.value, 0) / 2.0;
 }
 
 class PieceDrawing
@@ -60,10 +74,14 @@ public:
             return;
         const double width = InTwips(m_shapes.numberWidth);
         double x = InTwips(m_pieces.Room().numberAt);
-        if (m_shapes.isRightToLeft && m_layout.Context().width.value > 0)
+        if (IsMirrored(m_layout))
             x = m_layout.Context().width.value - x - width;
         const RunFont& font = m_shapes.numberFont;
-        AddShaped(m_shapes.number.glyphs, 0, font, 1, {m_left + x, m_baseline}, m_shapes.markFormat->colour,
+        const std::vector<ShapedGlyph>& glyphs = m_shapes.number.glyphs;
+        std::vector<float> places(glyphs.size());
+        std::transform(glyphs.begin(), glyphs.end(), places.begin(),
+                       [&](const ShapedGlyph& glyph) { return static_cast<float>(glyph.x * UnitLength(font)); });
+        AddShaped(glyphs, places, font, 1, {m_left + x, m_baseline}, m_shapes.markFormat->colour,
                   m_shapes.isRightToLeft, m_layout.Context().number);
     }
 
@@ -172,19 +190,64 @@ private:
         std::vector<ShapedGlyph> glyphs = part.shaped.glyphs;
         if (!isWhole)
             std::erase_if(glyphs, [&](const ShapedGlyph& glyph) { return glyph.x < left || glyph.x >= left + within; });
-        AddShaped(glyphs, left, segment.font, Stretch(*segment.format), {X(piece), Baseline(segment)},
+        std::vector<float> places(glyphs.size());
+        const std::vector<UnitEdge> edges = EdgesOf(piece);
+        std::transform(glyphs.begin(), glyphs.end(), places.begin(),
+                       [&](const ShapedGlyph& glyph) { return PlaceOf(glyph.x - left, piece, edges); });
+        AddShaped(glyphs, places, segment.font, Stretch(*segment.format), {X(piece), Baseline(segment)},
                   segment.format->colour, piece.IsRightToLeft(),
-                  m_shapes.Text().substr(piece.begin, piece.end - piece.begin), Spread(piece, within));
+                  m_shapes.Text().substr(piece.begin, piece.end - piece.begin));
     }
 
-    /// How much wider than its glyphs a piece is, by character spacing.
-    double Spread(const Piece& piece, std::int64_t within) const
+    /// Where a unit of a shaped piece begins, from the side where its text begins: as it was shaped, and as it is set.
+    struct UnitEdge
+    {
+        std::int64_t natural;
+        Fine set;
+    };
+
+    /// Of the units that have room, and of the piece's end.
+    std::vector<UnitEdge> EdgesOf(const Piece& piece) const
+    {
+        std::vector<UnitEdge> edges;
+        UnitEdge edge{0, 0};
+        for (std::uint32_t at = piece.begin; at < piece.end; ++at)
+        {
+            const std::int32_t natural = piece.part->shaped.advances[at - piece.part->begin];
+            if (natural > 0)
+                edges.push_back(edge);
+            edge.natural += natural;
+            edge.set += m_pieces.Advance(at);
+        }
+        edges.push_back(edge);
+        return edges;
+    }
+
+    /// Where a glyph stands that was shaped at `x` from the piece's left: as far from its unit's start as it was there,
+    /// and the room between characters behind each unit.
+    float PlaceOf(std::int64_t x, const Piece& piece, const std::vector<UnitEdge>& edges) const
     {
         const Segment& segment = *piece.segment;
-        const double natural = InTwips(ScaledUnits(within, segment.font.size, UnitsOf(segment.font)));
-        return natural > 0 && segment.format->spacing.value != 0
-                   ? InTwips(piece.width) / (natural * static_cast<double>(Stretch(*segment.format)))
-                   : 1;
+        const double scale = UnitLength(segment.font) * static_cast<double>(Stretch(*segment.format));
+        if (!piece.IsRightToLeft())
+        {
+            const auto next = std::upper_bound(edges.begin(), edges.end() - 1, x,
+                                               [](std::int64_t at, const UnitEdge& edge) { return at < edge.natural; });
+            const UnitEdge& edge = next == edges.begin() ? *next : *std::prev(next);
+            return static_cast<float>(InTwips(edge.set) + static_cast<double>(x - edge.natural) * scale);
+        }
+        // The glyph's left is where its unit ends: the unit is the last that begins before it.
+        const std::int64_t before = edges.back().natural - x;
+        const auto next = std::lower_bound(edges.begin(), edges.end() - 1, before,
+                                           [](const UnitEdge& edge, std::int64_t at) { return edge.natural < at; });
+        const UnitEdge& edge = next == edges.begin() ? *next : *std::prev(next);
+        return static_cast<float>(InTwips(piece.width - edge.set) - static_cast<double>(before - edge.natural) * scale);
+    }
+
+    /// Twips of a length in 64ths of a font's units.
+    static double UnitLength(const RunFont& font)
+    {
+        return static_cast<double>(font.size.value) / static_cast<double>(UnitsOf(font));
     }
 
     static std::int64_t UnitsOf(const RunFont& font)
@@ -192,10 +255,9 @@ private:
         return std::int64_t{font.face->Metrics().unitsPerEm} * kAdvancesPerUnit;
     }
 
-    void AddShaped(const std::vector<ShapedGlyph>& glyphs, std::int64_t left, const RunFont& font, float stretch,
-                   QPointF origin, Colour colour, bool rightToLeft, std::u16string_view text, double spread = 1)
+    void AddShaped(const std::vector<ShapedGlyph>& glyphs, const std::vector<float>& places, const RunFont& font,
+                   float stretch, QPointF origin, Colour colour, bool rightToLeft, std::u16string_view text)
     {
-        const double unit = static_cast<double>(font.size.value) / static_cast<double>(UnitsOf(font));
         for (std::size_t i = 0; i < glyphs.size();)
         {
             const FontFace* face = glyphs[i].face;
@@ -206,23 +268,24 @@ private:
             if (i == 0)
                 run.text = text;
             for (; i < glyphs.size() && glyphs[i].face == face; ++i)
-                run.glyphs.push_back(
-                    {glyphs[i].glyph,
-                     static_cast<float>(static_cast<double>(glyphs[i].x - left) * unit * spread) * stretch,
-                     static_cast<float>(-glyphs[i].y * unit)});
+                run.glyphs.push_back({glyphs[i].glyph, places[i], static_cast<float>(-glyphs[i].y * UnitLength(font))});
             m_list.Add(std::move(run));
         }
     }
 
     void DrawObject(const Piece& piece)
     {
-        for (const MeasuredObject& measured : m_shapes.objects)
+        const auto& objects = m_shapes.objects;
+        auto measured =
+            std::lower_bound(objects.begin(), objects.end(), piece.begin,
+                             [](const MeasuredObject& other, std::uint32_t at) { return other.offset < at; });
+        for (; measured != objects.end() && measured->offset == piece.begin; ++measured)
         {
-            if (measured.offset != piece.begin || measured.size.width <= 0 || measured.size.height <= 0)
+            if (measured->size.width <= 0 || measured->size.height <= 0)
                 continue;
-            const double height = InTwips(measured.size.height);
+            const double height = InTwips(measured->size.height);
             m_list.Add(PlacedPicture{QRectF(X(piece), Baseline(*piece.segment) - height, InTwips(piece.width), height),
-                                     ShownObject(measured.object)});
+                                     ShownObject(measured->object)});
         }
     }
 
@@ -281,22 +344,20 @@ private:
     void AddWordLines(const Piece& piece, double y, double thickness, Colour colour)
     {
         const std::u16string_view source = m_shapes.source;
-        for (std::uint32_t at = piece.begin; at < piece.end;)
+        Fine before = 0;
+        for (std::uint32_t at = piece.begin; at < piece.end; ++at)
         {
-            std::uint32_t end = at;
-            while (end < piece.end && source[end] != u' ' && source[end] != u'\t')
-                ++end;
-            if (end > at)
-            {
-                const double a = InTwips(m_pieces.Edge(piece, at));
-                const double b = InTwips(m_pieces.Edge(piece, end));
-                m_list.Add(TextLine{{m_left + std::min(a, b), y},
-                                    static_cast<float>(std::max(a, b) - std::min(a, b)),
+            Fine width = 0;
+            for (; at < piece.end && source[at] != u' ' && source[at] != u'\t'; ++at)
+                width += m_pieces.Advance(at);
+            const Fine left = piece.IsRightToLeft() ? piece.width - before - width : before;
+            if (width > 0)
+                m_list.Add(TextLine{{X(piece) + InTwips(left), y},
+                                    static_cast<float>(InTwips(width)),
                                     static_cast<float>(thickness),
                                     Underline::Single,
                                     colour});
-            }
-            at = std::max(end, at + 1);
+            before += width + (at < piece.end ? m_pieces.Advance(at) : 0);
         }
     }
 
@@ -329,12 +390,30 @@ private:
 
     void AddLink(const Piece& piece)
     {
-        if (!piece.segment->format->field || piece.width <= 0)
+        const Shared<Field>& field = piece.segment->format->field;
+        if (!field || piece.width <= 0)
             return;
-        std::u16string target = LinkTarget(*piece.segment->format->field);
-        if (!target.empty())
-            m_list.Add(LinkArea{QRectF(X(piece), m_textTop, InTwips(piece.width), InTwips(m_line.textHeight)),
-                                std::move(target)});
+        const QRectF rectangle(X(piece), m_textTop, InTwips(piece.width), InTwips(m_line.textHeight));
+        if (&*field != m_field)
+        {
+            m_field = &*field;
+            m_target = LinkTarget(*field);
+            if (m_target.size() > kMostTarget)
+                m_target.clear();
+        }
+        else if (m_link && piece.x == m_linkEnd)
+        {
+            auto& before = std::get<LinkArea>(m_list.items[*m_link]);
+            before.rectangle.setRight(rectangle.right());
+            m_linkEnd += piece.width;
+            return;
+        }
+        m_link.reset();
+        if (m_target.empty())
+            return;
+        m_link = m_list.items.size();
+        m_linkEnd = piece.x + piece.width;
+        m_list.Add(LinkArea{rectangle, m_target});
     }
 
     const ParagraphLayout& m_layout;
@@ -347,6 +426,11 @@ private:
     double m_textTop = 0;
     std::vector<TextLine> m_under;
     std::vector<TextLine> m_through;
+    // The link that was drawn last: the pieces of one field are one area.
+    const Field* m_field = nullptr;
+    std::u16string m_target;
+    std::optional<std::size_t> m_link;  // its item
+    Fine m_linkEnd = 0;
 };
 
 void DrawBorders(const ParagraphLayout& layout, DisplayList& list, QPointF origin, std::uint32_t first,
@@ -382,7 +466,8 @@ void DrawBars(const ParagraphLayout& layout, DisplayList& list, QPointF origin, 
     {
         if (stop.kind != TabKind::Bar)
             continue;
-        const double x = origin.x() + stop.position.value;
+        const double position = stop.position.value;
+        const double x = origin.x() + (IsMirrored(layout) ? layout.Context().width.value - position : position);
         list.Add(BorderLine{{x, frame.top()}, {x, frame.bottom()}, {BorderStyle::Single, kBarWidth, {}, {}}});
     }
 }

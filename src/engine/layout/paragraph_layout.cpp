@@ -14,16 +14,19 @@ namespace
 // How far a selected mark shows behind the text.
 constexpr Fine kMarkWidth = 100 * kFinePerTwip;
 
+// Lengths below 0 would place a paragraph over the one above it.
+Fine NotNegative(Twips length) { return std::max<Fine>(ToFine(length), 0); }
+
 Fine BorderRoom(const Border& border)
 {
-    return border.style == BorderStyle::None ? 0 : ToFine(border.width + border.space);
+    return border.style == BorderStyle::None ? 0 : NotNegative(border.width) + NotNegative(border.space);
 }
 
 ParagraphEdges EdgesOf(const ParagraphFormat& format, const ParagraphContext& context)
 {
     ParagraphEdges edges;
-    edges.above = context.dropsSpaceBefore ? 0 : ToFine(format.spaceBefore);
-    edges.below = context.dropsSpaceAfter ? 0 : ToFine(format.spaceAfter);
+    edges.above = context.dropsSpaceBefore ? 0 : NotNegative(format.spaceBefore);
+    edges.below = context.dropsSpaceAfter ? 0 : NotNegative(format.spaceAfter);
     if (!format.borders)
         return edges;
     const Borders& borders = *format.borders;
@@ -74,6 +77,11 @@ ParagraphLayout::ParagraphLayout(ParagraphRef paragraph, const FormatTable& form
 }
 
 ParagraphLayout::~ParagraphLayout() = default;
+
+Fine ParagraphLayout::SpaceBetween() const
+{
+    return m_height == 0 || m_context.dropsSpaceBefore ? 0 : NotNegative(m_format->spaceBefore);
+}
 
 std::uint32_t ParagraphLayout::LineOf(std::uint32_t offset, LineSide side) const
 {

@@ -106,6 +106,8 @@ public:
     std::span<const Line> Lines() const { return m_lines; }
     Fine SpaceBefore() const { return m_spaceBefore; }
     Fine SpaceAfter() const { return m_spaceAfter; }
+    /// Of the space before, what keeps the paragraph from the one above: without the border and its room.
+    Fine SpaceBetween() const;
     /// With the space before and after.
     Fine Height() const { return m_height; }
     /// The right end of the widest line.

@@ -154,13 +154,16 @@ private:
     /// An object stands on the baseline.
     void MeasureObject(std::uint32_t offset)
     {
-        for (const PlacedObject& placed : m_paragraph.Extras().objects)
+        const auto& objects = m_paragraph.Extras().objects;
+        auto placed =
+            std::lower_bound(objects.begin(), objects.end(), offset, [](const PlacedObject& other, std::uint32_t at) {
+                return static_cast<std::uint32_t>(other.offset) < at;
+            });
+        for (; placed != objects.end() && static_cast<std::uint32_t>(placed->offset) == offset; ++placed)
         {
-            if (placed.offset != offset)
-                continue;
-            const ObjectSize size = SizeOf(placed.object);
+            const ObjectSize size = SizeOf(placed->object);
             m_shapes.advances[offset] = Bounded(size.width);
-            m_shapes.objects.push_back({offset, placed.object, size});
+            m_shapes.objects.push_back({offset, placed->object, size});
             RunFont& font = m_shapes.segments.back().font;
             font.ascent = size.height;
             font.descent = 0;

@@ -10,8 +10,6 @@
 #include <QPageSize>
 #include <QPdfWriter>
 
-#include <new>
-
 namespace quillmarker
 {
 namespace
@@ -63,7 +61,7 @@ std::string ToPdf(PagedDocument& pages, const PageProgress& progress)
 FileError WritePdf(PagedDocument& pages, const std::filesystem::path& path, const PageProgress& progress)
 {
     const std::string bytes = ToPdf(pages, progress);
-    return bytes.empty() ? FileError::OutOfMemory : WriteFile(path, bytes);
+    return bytes.empty() ? FileError::None : WriteFile(path, bytes);
 }
 
 }  // namespace quillmarker

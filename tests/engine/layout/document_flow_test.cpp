@@ -5,6 +5,8 @@
 #include "engine/layout/text_steps.h"
 #include "support/random_document.h"
 
+#include <quillmarker/rtf.h>
+
 #include <gtest/gtest.h>
 
 namespace quillmarker
@@ -25,6 +27,27 @@ TEST(DocumentFlow, LaysOutNothingUntilItIsAsked)
     EXPECT_GT(sample.flow.Height(), Lines(1000)) << "an estimate";
     sample.flow.LayoutOf(500);
     EXPECT_EQ(sample.flow.LayoutCount(), 1);
+}
+
+TEST(DocumentFlow, NegativeSpaceTakesNothingAway)
+{
+    const Document document = ReadRtf("{\\rtf1{\\fonttbl{\\f0 Fixed;}}\\f0\\fs20\\sb-1000\\sa-1000 a\\par b\\par c}");
+    FlowSample sample(document, 40);
+    EXPECT_GE(sample.flow.Height(), Lines(3)) << "estimated";
+    sample.flow.Settle(0, Lines(10), 0);
+    EXPECT_EQ(sample.flow.Height(), Lines(3));
+}
+
+TEST(DocumentFlow, EstimatesGiganticPictures)
+{
+    const auto heightOf = [](const std::string& size) {
+        return FlowSample(ReadRtf("{\\rtf1 {\\pict\\pngblip" + size + " 89}}"), 40).flow.Height();
+    };
+    constexpr Fine kMost = 22 * 1440 * 10 * kFinePerTwip;
+    EXPECT_GE(heightOf("\\pichgoal2147483647\\picscaley2147483647"), kMost);
+    EXPECT_GE(heightOf("\\pich2147483647\\picscaley2147483647"), kMost);
+    EXPECT_EQ(heightOf("\\pichgoal2000\\picscaley0"), heightOf("\\pichgoal2000"));
+    EXPECT_EQ(heightOf("\\pichgoal2000\\picscaley-7"), heightOf("\\pichgoal2000"));
 }
 
 TEST(DocumentFlow, LaysOutWhatIsVisible)

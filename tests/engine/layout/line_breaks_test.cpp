@@ -98,6 +98,18 @@ TEST(LineBreaks, CharactersAreNeverCutInTwo)
     EXPECT_EQ(breaks.LastCharacterUpTo(2, 1), 3U);
 }
 
+TEST(LineBreaks, FlagsAreCountedFromTheLinesStart)
+{
+    std::u16string text;
+    for (int i = 0; i < 9; ++i)
+        text += u"\U0001F1E6";
+    const LineBreaks breaks(text, kEnglish);
+    EXPECT_EQ(breaks.LastCharacterUpTo(11, 0), 8U);
+    EXPECT_EQ(breaks.LastCharacterUpTo(11, 8), 12U) << "at least one";
+    EXPECT_EQ(breaks.LastCharacterUpTo(11, 2), 10U) << "a line that begins with the second half of a pair";
+    EXPECT_EQ(breaks.LastCharacterUpTo(18, 16), 18U);
+}
+
 /// What ICU says of the whole text at once, and what holds beside.
 std::set<std::uint32_t> AllPlaces(const std::u16string& text, const char* locale)
 {

@@ -168,6 +168,57 @@ TEST(PageCutter, SpaceBeforeIsDroppedAtTheTopOfAFollowingPageOnly)
     EXPECT_EQ(second.lines[0].top, 0);
 }
 
+TEST(PageCutter, NegativeSpaceIsNone)
+{
+    const std::string six = "a\\par b\\par c\\par d\\par e\\par f\\par";
+    EXPECT_EQ(PagesOf(Read("\\sa-1000 " + six)), Pages({"a/b/c/d/e/", "f/"}));
+    EXPECT_EQ(PagesOf(Read("\\sb-1000 " + six)), Pages({"a/b/c/d/e/", "f/"}));
+    EXPECT_EQ(PagesOf(Read("\\sb-1000\\sa-1000\\brdrt\\brdrs\\brdrw-900\\brsp-900\\brdrb\\brdrs\\brdrw-900\\brsp-900 " +
+                           six)),
+              Pages({"a/b/c/d/e/", "f/"}));
+}
+
+Fine TopOfSecondPage(const std::string& body)
+{
+    FixedFontHost fonts;
+    const Document document = Read(body);
+    PageCutter cutter(document, fonts, kWidth, kHeight);
+    const CutPage first = cutter.Cut({}, Position{document.Size()});
+    const CutPage second = cutter.Cut(first.next, Position{document.Size()});
+    return second.lines.empty() ? -1 : second.lines[0].top;
+}
+
+TEST(PageCutter, SpaceBeforeIsKeptOnAPageThatWasAskedFor)
+{
+    EXPECT_EQ(TopOfSecondPage("a\\par\\pagebb\\sb300 b\\par"), ToFine(Twips{300}));
+    EXPECT_EQ(TopOfSecondPage("a\\par\\sect\\sectd\\sb300 b\\par"), ToFine(Twips{300}));
+    EXPECT_EQ(TopOfSecondPage("a\\par b\\par c\\par d\\par e\\par\\sb300 f\\par"), 0);
+}
+
+TEST(PageCutter, NoSpacePushesTheFirstLineOffThePage)
+{
+    FixedFontHost fonts;
+    for (const char* room : {"\\sb20000 ", "\\brdrt\\brdrs\\brdrw20\\brsp1500 "})
+    {
+        const Document document = Read(room + std::string("a\\par\\pard b\\par"));
+        PageCutter cutter(document, fonts, kWidth, kHeight);
+        const CutPage page = cutter.Cut({}, Position{document.Size()});
+        ASSERT_EQ(page.lines.size(), 1U);
+        EXPECT_EQ(page.lines[0].top, ToFine(kHeight - Twips{200}));
+        EXPECT_EQ(page.next.position.value, 3);
+    }
+}
+
+TEST(FormatRange, EndsWithinTheLastParagraphToo)
+{
+    FixedFontHost fonts;
+    const Document document = ReadRtf("{\\rtf1{\\fonttbl{\\f0 Fixed;}}\\f0\\fs20 aaaaaaaa bbbbbbbb cccccccc}");
+    const TwipsRectangle page{{}, {}, {1000}, {1000}};
+    const FormattedPage formatted = FormatRange(document, {{0}, {9}}, page, page, fonts);
+    EXPECT_EQ(formatted.next.value, 9);
+    EXPECT_EQ(formatted.record.list.items.size(), 1U);
+}
+
 TEST(FormatRange, SaysWhereTheNextPageBegins)
 {
     FixedFontHost fonts;

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 namespace quillmarker
 {
 namespace
@@ -52,6 +54,26 @@ constexpr Case kCases[] = {
     {"strikes", "{\\strike one}{\\striked1 two}", {3000}},
     {"capitals", "{\\caps Aa}{\\scaps Bb}", {3000}},
     {"spacing", "{\\expndtw20 abc}{\\charscalex200 d}", {3000}},
+    {"distribute", "\\qd a b cc dddd ee f", {1000}},
+    {"justify_before_hidden", "\\qj a bb {\\v hidden} cccccc", {700}},
+    {"tab_behind_margin", "aaaaaaaaaa\\tab b\\tab c", {1000}},
+    {"underline_words_hebrew", "\\rtlpar{\\ulw \\u1488?\\u1489? \\u1490?}", {1000}},
+    {"picture_too_wide", "{\\pict\\pngblip\\picwgoal400\\pichgoal100 89504e47}", {300}},
+    {"pictures",
+     "{\\pict\\pngblip\\picwgoal100\\pichgoal100 89504e47}a{\\pict\\pngblip\\picwgoal200\\pichgoal200 "
+     "89504e47}{\\pict\\pngblip\\picwgoal300\\pichgoal300 89504e47}",
+     {3000}},
+    {"link_of_many_formats",
+     "{\\field{\\*\\fldinst HYPERLINK \"http://example.org\"}{\\fldrslt a{\\b b}{\\i c} d}}{\\field{\\*\\fldinst "
+     "HYPERLINK \"http://example.org\"}{\\fldrslt e}}",
+     {3000}},
+    {"spacing_kerned", "{\\kerning1\\expndtw20 aAVa}", {3000}},
+    {"spacing_combining", "{\\expndtw20 e\\u769?ae\\u769?}", {3000}},
+    {"spacing_hebrew", "\\rtlpar{\\expndtw20 \\u1488?\\u1489?\\u1490?}", {3000}},
+    {"hebrew_frame",
+     "\\rtlpar\\li100\\ri300\\fi-200\\brdrt\\brdrs\\brdrw20\\tb400\\tx800 \\u1488?\\tab \\u1489?",
+     {1000}},
+    {"hebrew_unwrapped", "\\rtlpar \\u1488?\\u1489?   ", {0}},
     {"soft_hyphen", "abcd\\-efgh\\-ijkl", {600}},
     {"soft_hyphen_no_room", "abcdef\\-gh", {600}},
     {"long_word", "abcdefghijklmno", {600}},
@@ -87,6 +109,42 @@ TEST_P(ParagraphGoldens, LinesAndDrawingAreTheRecordedOnes)
     const ParagraphLayout layout(document.SharedParagraphAt(0), document.Formats(), fonts,
                                  ContextOf(document, 0, shown.width, numbers));
     ExpectGolden("tests/engine/layout/golden/" + std::string(shown.name) + ".txt", Dump(layout) + DumpDrawing(layout));
+}
+
+std::vector<LinkArea> LinksTo(const std::string& target)
+{
+    FixedFontHost fonts;
+    const Document document =
+        ReadRtf("{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"" + target + "\"}{\\fldrslt here}}\\par}");
+    const ParagraphLayout layout(document.SharedParagraphAt(0), document.Formats(), fonts, {.width = {1000}});
+    DisplayList list;
+    layout.DrawText(list, {}, 0, 1);
+    std::vector<LinkArea> links;
+    for (const DisplayItem& item : list.items)
+        if (const auto* link = std::get_if<LinkArea>(&item))
+            links.push_back(*link);
+    return links;
+}
+
+TEST(ParagraphLayout, TargetsAreBounded)
+{
+    EXPECT_EQ(LinksTo("http://" + std::string(2076, 'a')).size(), 1U);
+    EXPECT_EQ(LinksTo("http://" + std::string(2077, 'a')).size(), 0U);
+}
+
+// Each unit is tried but for a bound of them; without it this takes minutes.
+TEST(ParagraphLayout, ManySoftHyphensWithoutRoomAreSoonPassed)
+{
+    FixedFontHost fonts;
+    std::string text = "bb aaaaaa";
+    for (int i = 0; i < 60'000; ++i)
+        text += "\\-";
+    const Document document = ReadRtf("{\\rtf1{\\fonttbl{\\f0 Fixed;}}\\f0\\fs20 " + text + "cc\\par}");
+    const auto start = std::chrono::steady_clock::now();
+    const ParagraphLayout layout(document.SharedParagraphAt(0), document.Formats(), fonts, {.width = {900}});
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    ASSERT_EQ(layout.Lines().size(), 2U);
+    EXPECT_EQ(layout.Lines()[0].end, 3U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, ParagraphGoldens, testing::ValuesIn(kCases),

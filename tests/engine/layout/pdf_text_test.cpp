@@ -2,6 +2,8 @@
 
 #include "engine/layout/painted_sample.h"
 
+#include <quillmarker/pages/paged_document.h>
+
 #include <gmock/gmock.h>
 
 #include <QFile>
@@ -11,6 +13,9 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+
+#include <cmath>
+#include <limits>
 
 namespace quillmarker
 {
@@ -164,6 +169,29 @@ TEST_F(Pdf, WhatLiesInTheMarginsIsPainted)
         Paint(painter, list, -QPointF(inside.topLeft()), 1);
     }
     EXPECT_THAT(Text(), testing::HasSubstr("Margin"));
+}
+
+TEST(PagedDocument, GivesNoImageOfASizeThatCannotBe)
+{
+    PagedDocument pages{Document()};
+    const double infinite = std::numeric_limits<double>::infinity();
+    for (const double dotsPerInch : {infinite, -infinite, std::nan(""), 1e300, 1e15, 0.0, -96.0})
+        EXPECT_TRUE(pages.Image(1, dotsPerInch).isNull()) << dotsPerInch;
+    EXPECT_EQ(pages.Image(1, 1e-9).size(), QSize(1, 1));
+    EXPECT_TRUE(pages.Image(2, 96).isNull()) << "there is one page";
+    EXPECT_FALSE(pages.Image(1, 96).isNull());
+}
+
+TEST(PagedDocument, StoppingAPdfIsNoErrorAndLeavesTheFile)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("stopped.pdf"));
+    PagedDocument pages{Document()};
+    EXPECT_TRUE(ToPdf(pages, [](int) { return false; }).empty());
+    EXPECT_EQ(WritePdf(pages, file.toStdString(), [](int) { return false; }), FileError::None);
+    EXPECT_FALSE(QFile::exists(file));
+    EXPECT_EQ(WritePdf(pages, file.toStdString(), [](int) { return true; }), FileError::None);
+    EXPECT_TRUE(QFile::exists(file));
 }
 
 }  // namespace
