@@ -195,6 +195,8 @@ public:
 Q_SIGNALS:
     void Change();
     void SelChange();
+    /// Where the view itself scrolls, it comes when that is done. A slot that hears of the scroll bar being moved must
+    /// not delete the view at once: the scroll bar goes on.
     void HScroll();
     void ZoomChanged(int percent);
     void LinkActivated(const QString& target);

@@ -5,6 +5,7 @@
 #include "text_unit.h"
 
 #include <QPalette>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -226,11 +227,20 @@ void AccessibleView::insertText(int offset, const QString& text) { replaceText(o
 
 void AccessibleView::replaceText(int start, int end, const QString& text)
 {
+    // This object goes with the view.
+    RichTextView& view = View();
+    const QPointer<RichTextView> alive(&view);
     setSelection(0, start, end);
-    if (text.isEmpty() && Box().SelLength() > 0)
-        View().Box().TypeDelete();
+    if (!alive)
+        return;
+    // Not a part of what the user types meanwhile.
+    view.Box().BeginStep();
+    if (text.isEmpty() && view.Box().SelLength() > 0)
+        view.Box().TypeDelete();
     else
-        View().Box().PasteText(View16(text));
+        view.Box().PasteText(View16(text));
+    if (alive)
+        view.Box().EndStep();
 }
 
 }  // namespace quillmarker

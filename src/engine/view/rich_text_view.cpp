@@ -74,7 +74,10 @@ void RichTextView::State::OnSelChange()
     {
         mustReveal = !staysPut;
         // An input method writes where the caret was.
+        const QPointer<RichTextView> alive(&view);
         DropPreEdit();
+        if (!alive)
+            return;
     }
     ScheduleRefresh();
     Q_EMIT view.SelChange();
@@ -134,7 +137,7 @@ void RichTextView::scrollContentsBy(int dx, int dy)
         updateMicroFocus();
     }
     if (dx != 0)
-        Q_EMIT HScroll();
+        state.RaiseHScroll();
 }
 
 void RichTextView::changeEvent(QEvent* event)
@@ -158,6 +161,8 @@ void RichTextView::timerEvent(QTimerEvent* event)
     State& state = *m_state;
     if (event->timerId() == state.autoscroll.timerId())
         state.Autoscroll();
+    else if (event->timerId() == state.dropScroll.timerId())
+        state.ShowDropCaret(state.dropAt);
     else if (event->timerId() == state.tripleClick.timerId())
         state.tripleClick.stop();
     else if (!state.blink.Takes(*event))

@@ -6,15 +6,20 @@
 #include <QGuiApplication>
 #include <QInputMethod>
 
+#include <tuple>
+
 namespace quillmarker
 {
 
-void RichTextView::State::FinishPreEdit()
+bool RichTextView::State::FinishPreEdit()
 {
+    const QPointer<RichTextView> alive(&view);
     if (!preEdit.IsEmpty())
         QGuiApplication::inputMethod()->commit();
     // An input method that has nothing to say leaves what it began.
-    DropPreEdit();
+    if (alive)
+        DropPreEdit();
+    return alive;
 }
 
 void RichTextView::State::DropPreEdit()
@@ -22,27 +27,32 @@ void RichTextView::State::DropPreEdit()
     if (preEdit.IsEmpty())
         return;
     preEdit.Clear();
-    QGuiApplication::inputMethod()->reset();
     isStale = true;
     ScheduleRefresh();
+    // It may say something more.
+    QGuiApplication::inputMethod()->reset();
 }
 
-void RichTextView::State::SelectFromTo(Position anchor, CaretPosition caret, std::optional<Fine> column)
+bool RichTextView::State::SelectFromTo(Position anchor, CaretPosition caret, std::optional<Fine> column)
 {
+    const QPointer<RichTextView> alive(&view);
     track.SelectFromTo(anchor, caret);
     track.Put(caret, Extend::Yes, column);
     box.Select(track.Selected());
+    if (!alive)
+        return false;
     // The box moves positions out of line ends.
     track.Follow(BoxSelection());
     mustReveal = !staysPut;
     RestartCaret();
     ScheduleRefresh();
+    return true;
 }
 
 void RichTextView::State::Run(const KeyCommand& command)
 {
-    FinishPreEdit();
-    std::visit([this](const auto& what) { Run(what); }, command);
+    if (FinishPreEdit())
+        std::visit([this](const auto& what) { Run(what); }, command);
 }
 
 void RichTextView::State::Run(KeyMotion key)
@@ -56,10 +66,11 @@ void RichTextView::State::Run(KeyMotion key)
         const bool isForward = moved.caret.position > track.Caret().position ||
                                (moved.caret.position == track.Caret().position && key.motion == Motion::CharacterRight);
         const Position end = isForward ? track.Range().end : track.Range().begin;
-        return SelectFromTo(end, {end});
+        std::ignore = SelectFromTo(end, {end});
+        return;
     }
     const Position anchor = key.extend == Extend::Yes ? track.Anchor() : moved.caret.position;
-    SelectFromTo(anchor, moved.caret, moved.column);
+    std::ignore = SelectFromTo(anchor, moved.caret, moved.column);
 }
 
 void RichTextView::State::Run(KeyAction action)
@@ -160,8 +171,8 @@ bool RichTextView::State::TakesKey(QKeyEvent& event)
     }
     if (!TypesText(event))
         return false;
-    FinishPreEdit();
-    TypeText(text);
+    if (FinishPreEdit())
+        TypeText(text);
     return true;
 }
 

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <tuple>
 
 namespace quillmarker
 {
@@ -16,6 +17,7 @@ namespace
 
 /// Near an edge a drag scrolls.
 constexpr int kDragMargin = 16;
+constexpr int kDropScrollMilliseconds = 40;
 
 int DragStep(int at, int length)
 {
@@ -35,6 +37,8 @@ void RichTextView::State::StartDrag()
     const bool mayMove = MayEdit() && box.SelProtected() == false;
     const Qt::DropActions actions = mayMove ? Qt::CopyAction | Qt::MoveAction : Qt::DropActions(Qt::CopyAction);
     const QPointer<RichTextView> alive(&view);
+    const Document dragged = box.Value();
+    const TextRange source = track.Range();
     auto* drag = new QDrag(&view);
     drag->setMimeData(data.release());
     isOwnDrag = true;
@@ -42,10 +46,10 @@ void RichTextView::State::StartDrag()
     if (!alive)
         return;
     isOwnDrag = false;
-    HideDropCaret();
+    StopDropping();
     const bool wentElsewhere = drag->target() != &view && drag->target() != view.viewport();
     if (done == Qt::MoveAction && wentElsewhere)
-        box.TypeDelete();
+        DeleteMoved(box, dragged, source, [&] { return !alive.isNull(); });
 }
 
 bool RichTextView::State::TakesDrop(const QDropEvent& event) const
@@ -57,6 +61,13 @@ void RichTextView::State::ShowDropCaret(const QPoint& point)
 {
     const int down = DragStep(point.y(), view.viewport()->height());
     const int right = DragStep(point.x(), view.viewport()->width());
+    dropAt = point;
+    // It goes on while the mouse rests there.
+    if (down == 0 && right == 0)
+        dropScroll.stop();
+    else if (!dropScroll.isActive())
+        dropScroll.start(kDropScrollMilliseconds, &view);
+    const ViewFlag holding(view, holdsHScroll, true);
     if (down != 0)
         view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + down);
     if (right != 0)
@@ -73,23 +84,33 @@ void RichTextView::State::HideDropCaret()
     dropCaret.reset();
 }
 
+void RichTextView::State::StopDropping()
+{
+    dropScroll.stop();
+    HideDropCaret();
+}
+
 bool RichTextView::State::Drop(const QDropEvent& event)
 {
     const CaretPosition caret = HitAt(event.position().toPoint()).caret;
     const Position target = FromShown(caret.position);
+    const QPointer<RichTextView> alive(&view);
+    const auto isThere = [&] { return !alive.isNull(); };
     mustReveal = true;
     ScheduleRefresh();
     if (event.source() == &view && event.dropAction() == Qt::MoveAction)
-        return MoveText(box, track.Range(), target);
+        return MoveText(box, track.Range(), target, isThere);
     const Selection before = BoxSelection();
     box.BeginStep();
-    SelectFromTo(target, {target, caret.side});
+    if (!SelectFromTo(target, {target, caret.side}))
+        return false;
     const bool isDone = InsertMimeData(box, *event.mimeData());
-    if (isDone)
-        SelectFromTo(target, {{box.SelStart()}});
-    else if (box.SelStart() == target.value)
+    if (isDone && isThere())
+        std::ignore = SelectFromTo(target, {{box.SelStart()}});
+    else if (isThere() && box.SelStart() == target.value)
         box.Select(before);
-    box.EndStep();
+    if (isThere())
+        box.EndStep();
     return isDone;
 }
 
@@ -109,18 +130,19 @@ void RichTextView::dragMoveEvent(QDragMoveEvent* event)
     event->acceptProposedAction();
 }
 
-void RichTextView::dragLeaveEvent(QDragLeaveEvent* /*event*/) { m_state->HideDropCaret(); }
+void RichTextView::dragLeaveEvent(QDragLeaveEvent* /*event*/) { m_state->StopDropping(); }
 
 void RichTextView::dropEvent(QDropEvent* event)
 {
-    m_state->HideDropCaret();
+    m_state->StopDropping();
     if (!m_state->TakesDrop(*event))
         return event->ignore();
     event->acceptProposedAction();
-    m_state->FinishPreEdit();
-    if (!m_state->Drop(*event))
+    const QPointer<RichTextView> alive(this);
+    if (!m_state->FinishPreEdit() || !m_state->Drop(*event))
         event->setDropAction(Qt::IgnoreAction);
-    setFocus(Qt::OtherFocusReason);
+    if (alive)
+        setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace quillmarker

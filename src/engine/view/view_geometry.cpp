@@ -4,6 +4,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillmarker
 {
@@ -27,9 +28,15 @@ Twips RichTextView::State::LineWidth() const
 
 DocumentFlow& RichTextView::State::Flow()
 {
-    if (isStale)
-        flow.SetDocument(preEdit.Shown(box));
-    isStale = false;
+    if (std::exchange(isStale, false))
+    {
+        const Document next = preEdit.Shown(box);
+        const bool isFamily = next.FormatsPointer() == flow.Value().FormatsPointer();
+        flow.SetDocument(next);
+        // Numbers of formats mean something else now.
+        if (!isFamily)
+            RefreshAll();
+    }
     if (const Twips width = LineWidth(); width != flow.Width())
         TakeWidth(width);
     return flow;

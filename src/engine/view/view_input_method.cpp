@@ -35,6 +35,25 @@ void RichTextView::State::TakeInput(QInputMethodEvent& event)
     if (!wasEmpty)
         preEdit.Clear();
     isStale = true;
+    if (!TakeCommit(event) || !TakeSelection(event))
+        return;
+    // What is being written takes the selection's place, as far as it may.
+    if (!event.preeditString().isEmpty() && track.HasSelection())
+    {
+        const QPointer<RichTextView> alive(&view);
+        const bool isGone = box.TypeDelete();
+        if (!alive || !isGone)
+            return;
+    }
+    preEdit.Take(event);
+    isStale = true;
+    RestartCaret();
+    ScheduleRefresh();
+}
+
+bool RichTextView::State::TakeCommit(const QInputMethodEvent& event)
+{
+    const QPointer<RichTextView> alive(&view);
     if (event.replacementLength() > 0)
     {
         const Position from = track.Caret().position + event.replacementStart();
@@ -42,20 +61,20 @@ void RichTextView::State::TakeInput(QInputMethodEvent& event)
     }
     else if (!event.commitString().isEmpty())
         TypeText(event.commitString());
+    return alive;
+}
+
+bool RichTextView::State::TakeSelection(const QInputMethodEvent& event)
+{
     for (const QInputMethodEvent::Attribute& attribute : event.attributes())
     {
         if (attribute.type != QInputMethodEvent::Selection)
             continue;
         const Position begin = Value().StartOf(Value().Locate(track.Caret().position).paragraph);
-        SelectFromTo(begin + attribute.start, {begin + attribute.start + attribute.length});
+        if (!SelectFromTo(begin + attribute.start, {begin + attribute.start + attribute.length}))
+            return false;
     }
-    // What is being written takes the selection's place, as far as it may.
-    if (!event.preeditString().isEmpty() && track.HasSelection() && !box.TypeDelete())
-        return;
-    preEdit.Take(event);
-    isStale = true;
-    RestartCaret();
-    ScheduleRefresh();
+    return true;
 }
 
 QVariant RichTextView::State::InputMethodValue(Qt::InputMethodQuery query)

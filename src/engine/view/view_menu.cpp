@@ -49,8 +49,12 @@ void RichTextView::contextMenuEvent(QContextMenuEvent* event)
         return event->ignore();
     // Pressed elsewhere than on the selection, the caret goes there first; the key leaves it where it is.
     const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+    event->accept();
+    const QPointer<RichTextView> alive(this);
     if (isByMouse && !m_state->IsOnSelection(event->pos()))
         SelectFromTo(PositionAt(event->pos()), PositionAt(event->pos()));
+    if (!alive)
+        return;
     auto* menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("AutoVerbMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -68,7 +72,6 @@ void RichTextView::contextMenuEvent(QContextMenuEvent* event)
         connect(action, &QAction::triggered, this, row.run);
     }
     menu->popup(isByMouse ? event->globalPos() : viewport()->mapToGlobal(CaretRectangle().bottomLeft()));
-    event->accept();
 }
 
 }  // namespace quillmarker

@@ -8,6 +8,8 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 namespace quillmarker
 {
@@ -34,14 +36,14 @@ void RichTextView::State::SelectByMouse(const QPoint& point, SelectionUnit unit)
 {
     const DraggedSelection selection = mouseSelection.Begin(Value(), HitAt(point), unit);
     gesture = MouseGesture::Selecting;
-    SelectFromTo(selection.anchor, selection.caret);
+    std::ignore = SelectFromTo(selection.anchor, selection.caret);
 }
 
 void RichTextView::State::ExtendByMouse(const QPoint& point)
 {
     const DraggedSelection selection = mouseSelection.To(Value(), HitAt(point));
     if (selection != DraggedSelection{track.Anchor(), track.Caret()})
-        SelectFromTo(selection.anchor, selection.caret);
+        std::ignore = SelectFromTo(selection.anchor, selection.caret);
 }
 
 void RichTextView::State::PressLeft(const QMouseEvent& event)
@@ -84,9 +86,13 @@ void RichTextView::State::PressMiddle(const QMouseEvent& event)
     if (!data || !CanInsertMimeData(*data))
         return;
     const CaretPosition caret = HitAt(event.position().toPoint()).caret;
-    SelectFromTo(caret.position, caret);
-    InsertMimeData(box, *data);
+    if (!SelectFromTo(caret.position, caret))
+        return;
+    // A slot may have put something else there.
+    data = clipboard.mimeData(QClipboard::Selection);
     mustReveal = true;
+    if (data)
+        InsertMimeData(box, *data);
 }
 
 void RichTextView::State::OfferPrimarySelection()
@@ -118,13 +124,12 @@ void RichTextView::State::MoveMouse(const QMouseEvent& event)
         autoscroll.start(kAutoscrollMilliseconds, &view);
     // A point outside is reached by scrolling; the caret stays where it can be seen.
     const QRect inside = view.viewport()->rect();
-    staysPut = true;
+    const ViewFlag staying(view, staysPut, true);
     ExtendByMouse(
         {std::clamp(point.x(), inside.left(), inside.right()), std::clamp(point.y(), inside.top(), inside.bottom())});
-    staysPut = false;
 }
 
-void RichTextView::State::ReleaseLeft(const QMouseEvent& event)
+bool RichTextView::State::ReleaseLeft(const QMouseEvent& event)
 {
     autoscroll.stop();
     const QPoint point = event.position().toPoint();
@@ -134,19 +139,21 @@ void RichTextView::State::ReleaseLeft(const QMouseEvent& event)
     {
         // A click on the selection that was no drag.
         const CaretPosition caret = HitAt(point).caret;
-        SelectFromTo(FromShown(caret.position), {FromShown(caret.position), caret.side});
-        break;
+        return SelectFromTo(FromShown(caret.position), {FromShown(caret.position), caret.side});
     }
     case MouseGesture::OnLink:
-        if (LinkAt(point) == pressedLink)
-            Q_EMIT view.LinkActivated(pressedLink);
-        break;
+        if (LinkAt(point) != pressedLink)
+            break;
+        // The slot may have no view left to name the link.
+        Q_EMIT view.LinkActivated(QString(pressedLink));
+        return false;
     case MouseGesture::Selecting:
         OfferPrimarySelection();
         break;
     case MouseGesture::None:
         break;
     }
+    return true;
 }
 
 /// The further outside the mouse is, the faster the text comes.
@@ -158,11 +165,11 @@ void RichTextView::State::Autoscroll()
     const int right = Outside(point.x(), size.width());
     if (gesture != MouseGesture::Selecting || (down == 0 && right == 0))
         return autoscroll.stop();
+    const ViewFlag holding(view, holdsHScroll, true);
     view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + down);
     view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() + right);
-    staysPut = true;
+    const ViewFlag staying(view, staysPut, true);
     ExtendByMouse({std::clamp(point.x(), 0, size.width() - 1), std::clamp(point.y(), 0, size.height() - 1)});
-    staysPut = false;
 }
 
 void RichTextView::State::ShowCursorFor(const QPoint& point, Qt::KeyboardModifiers modifiers)
@@ -182,9 +189,9 @@ void RichTextView::mousePressEvent(QMouseEvent* event)
     bool swallow = false;
     Q_EMIT MouseDown(event, swallow);
     event->accept();
-    if (swallow || !alive)
+    if (swallow || !alive || !m_state->FinishPreEdit())
         return;
-    m_state->FinishPreEdit();
+    m_state->isPressed = event->button() == Qt::LeftButton;
     if (event->button() == Qt::LeftButton)
         m_state->PressLeft(*event);
     else if (event->button() == Qt::MiddleButton)
@@ -211,27 +218,31 @@ void RichTextView::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     // Whoever swallows the release still ends what the press began.
+    const bool isClick = std::exchange(m_state->isPressed, false);
     if (swallow)
     {
         m_state->autoscroll.stop();
         m_state->gesture = MouseGesture::None;
         return;
     }
-    m_state->ReleaseLeft(*event);
-    if (alive && viewport()->rect().contains(event->position().toPoint()))
+    if (m_state->ReleaseLeft(*event) && isClick && viewport()->rect().contains(event->position().toPoint()))
         Q_EMIT Click();
 }
 
 void RichTextView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    event->accept();
+    // Other buttons know no double click.
     if (event->button() != Qt::LeftButton)
+        return mousePressEvent(event);
+    event->accept();
+    if (!m_state->FinishPreEdit())
         return;
-    m_state->FinishPreEdit();
     m_state->pressedAt = event->position().toPoint();
-    m_state->SelectByMouse(m_state->pressedAt, SelectionUnit::Word);
     m_state->tripleClick.start(QApplication::doubleClickInterval(), this);
-    Q_EMIT DblClick();
+    const QPointer<RichTextView> alive(this);
+    m_state->SelectByMouse(m_state->pressedAt, SelectionUnit::Word);
+    if (alive)
+        Q_EMIT DblClick();
 }
 
 void RichTextView::wheelEvent(QWheelEvent* event)
@@ -242,10 +253,12 @@ void RichTextView::wheelEvent(QWheelEvent* event)
         m_state->wheelRest += event->angleDelta().y();
         const int steps = m_state->wheelRest / QWheelEvent::DefaultDeltasPerStep;
         m_state->wheelRest -= steps * QWheelEvent::DefaultDeltasPerStep;
-        SetZoom(Zoom() + steps * 10);
         event->accept();
+        SetZoom(Zoom() + steps * 10);
         return;
     }
+    // A scroll bar is not done with the event when it has moved.
+    const ViewFlag holding(*this, m_state->holdsHScroll, true);
     if (event->pixelDelta().isNull())
         return QAbstractScrollArea::wheelEvent(event);
     verticalScrollBar()->setValue(verticalScrollBar()->value() - event->pixelDelta().y());

@@ -5,6 +5,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include <tuple>
+
 namespace quillmarker
 {
 
@@ -13,12 +15,14 @@ void RichTextView::Cut()
     std::unique_ptr<QMimeData> copied = MimeDataOfSelection(m_state->box, m_state->copyFilter);
     if (!copied)
         return;
+    const QPointer<RichTextView> alive(this);
     m_state->mustReveal = true;
     m_state->box.BeginStep();
     // What may not be deleted is not cut: the clipboard stays as it was.
     if (m_state->box.TypeDelete())
         QGuiApplication::clipboard()->setMimeData(copied.release());
-    m_state->box.EndStep();
+    if (alive)
+        m_state->box.EndStep();
 }
 
 void RichTextView::Copy()
@@ -45,10 +49,12 @@ void RichTextView::Clear()
 {
     if (!m_state->track.HasSelection())
         return;
+    const QPointer<RichTextView> alive(this);
     m_state->mustReveal = true;
     m_state->box.BeginStep();
     m_state->box.TypeDelete();
-    m_state->box.EndStep();
+    if (alive)
+        m_state->box.EndStep();
 }
 
 void RichTextView::Undo()
@@ -70,9 +76,8 @@ void RichTextView::Redo()
 void RichTextView::SelectAll()
 {
     // Everything cannot be scrolled to.
-    m_state->staysPut = true;
-    m_state->SelectFromTo({0}, {{m_state->box.TextLength()}});
-    m_state->staysPut = false;
+    const ViewFlag staying(*this, m_state->staysPut, true);
+    std::ignore = m_state->SelectFromTo({0}, {{m_state->box.TextLength()}});
 }
 
 int RichTextView::Zoom() const { return m_state->zoom; }
@@ -106,7 +111,7 @@ int RichTextView::AnchorOffset() const { return m_state->track.Anchor().value; }
 void RichTextView::SelectFromTo(int anchor, int caret)
 {
     const int end = m_state->box.TextLength();
-    m_state->SelectFromTo({std::clamp(anchor, 0, end)}, {{std::clamp(caret, 0, end)}});
+    std::ignore = m_state->SelectFromTo({std::clamp(anchor, 0, end)}, {{std::clamp(caret, 0, end)}});
 }
 
 QRect RichTextView::CaretRectangle() const { return m_state->CaretRectangle(m_state->ShownCaret()); }
@@ -146,6 +151,7 @@ QString RichTextView::LinkAt(const QPoint& point) const { return m_state->LinkAt
 
 void RichTextView::EnsureVisible(int position)
 {
+    const ViewFlag holding(*this, m_state->holdsHScroll, true);
     m_state->Flow();
     m_state->Reveal({m_state->ToShown({std::clamp(position, 0, m_state->box.TextLength())})});
     m_state->ScheduleRefresh();

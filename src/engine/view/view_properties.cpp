@@ -1,7 +1,5 @@
 #include "view_state.h"
 
-#include <QScopedValueRollback>
-
 // The engine's members at the boundary to Qt: each is the box's, with its values as Qt has them.
 
 namespace quillmarker
@@ -165,7 +163,7 @@ int RichTextView::Find(const QString& text) { return Box().Find(text.toStdU16Str
 
 int RichTextView::Find(const QString& text, int start, int end, int options)
 {
-    const QScopedValueRollback staying(m_state->staysPut, (options & kFindNoHighlight) != 0);
+    const ViewFlag staying(*this, m_state->staysPut, (options & kFindNoHighlight) != 0);
     return Box().Find(text.toStdU16String(), start, end, options);
 }
 

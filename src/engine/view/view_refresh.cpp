@@ -11,7 +11,7 @@ bool RichTextView::State::IsPaintingLocked() const { return !view.viewport()->up
 void RichTextView::State::ScheduleRefresh()
 {
     // A lock that is let go paints the view, and painting refreshes it first.
-    if (isRefreshDue || isRefreshing || IsPaintingLocked())
+    if (isRefreshDue || (isRefreshing && !isStale) || IsPaintingLocked())
         return;
     isRefreshDue = true;
     QMetaObject::invokeMethod(
@@ -110,6 +110,25 @@ void RichTextView::State::RefreshCaret()
     Update(reach);
     shownCaret = reach;
     view.updateMicroFocus();
+}
+
+/// A host hears of it when the view is at rest: it may ask for anything, edit, and delete the view.
+void RichTextView::State::RaiseHScroll()
+{
+    if (!isRefreshing && !holdsHScroll)
+    {
+        Q_EMIT view.HScroll();
+        return;
+    }
+    if (std::exchange(isHScrollDue, true))
+        return;
+    QMetaObject::invokeMethod(
+        &view,
+        [this] {
+            isHScrollDue = false;
+            Q_EMIT view.HScroll();
+        },
+        Qt::QueuedConnection);
 }
 
 void RichTextView::State::RestartCaret()

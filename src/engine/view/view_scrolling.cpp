@@ -110,8 +110,8 @@ void RichTextView::State::TakeWidth(Twips width)
         FitScrollBars();
         PlaceAt(Scale().WholePixels(top) - stands);
     }
-    const bool wasInSight = shownCaretAt == ShownCaret() && shownCaret.bottom() > 0 &&
-                            shownCaret.top() < view.viewport()->height();
+    const bool wasInSight =
+        shownCaretAt == ShownCaret() && shownCaret.bottom() > 0 && shownCaret.top() < view.viewport()->height();
     mustReveal = mustReveal || (view.hasFocus() && wasInSight);
     RefreshAll();
 }

@@ -26,9 +26,31 @@ namespace quillmarker
 /// What the mouse is about while a button is down.
 enum class MouseGesture : std::uint8_t { None, Selecting, MayDrag, OnLink };
 
+/// Sets a flag of a view, and back at its end if the view is still there: slots may delete it.
+class ViewFlag
+{
+public:
+    ViewFlag(RichTextView& view, bool& flag, bool value) : m_view(&view), m_flag(flag), m_before(flag) { flag = value; }
+    ~ViewFlag()
+    {
+        if (m_view)
+            m_flag = m_before;
+    }
+    ViewFlag(const ViewFlag&) = delete;
+    ViewFlag& operator=(const ViewFlag&) = delete;
+
+private:
+    QPointer<RichTextView> m_view;
+    bool& m_flag;
+    bool m_before;
+};
+
 /// The inside of a view. Each group of functions has a file of its own; each geometric question goes through Flow(),
 /// which first learns what the document is now. What is shown differs from the document by the pre-edit text, so that
 /// positions of the flow are not always positions of the box.
+///
+/// A slot may delete the view in each signal. Whatever goes on behind an edit or a selection asks first whether the view
+/// is still there; SelectFromTo and FinishPreEdit are false when it is gone.
 struct RichTextView::State
 {
     explicit State(RichTextView& owner);
@@ -54,15 +76,20 @@ struct RichTextView::State
     bool isRefreshing = false;  // scroll bars that move now are moved by us
     bool mustReveal = false;    // the caret is to be scrolled to
     bool staysPut = false;      // what happens now does not scroll
+    bool isHScrollDue = false;  // a signal is on its way
+    bool holdsHScroll = false;  // a signal would come in the middle of something
     bool isOwnDrag = false;     // the user drags this view's selection
     MouseGesture gesture = MouseGesture::None;
     MouseSelection mouseSelection;
+    bool isPressed = false;  // the left button went down here, and no slot took that
     QPoint pressedAt;
     QPoint mouseAt;  // while a button is down
     QString pressedLink;
     QBasicTimer autoscroll;
     QBasicTimer tripleClick;
     std::optional<CaretPosition> dropCaret;
+    QPoint dropAt;
+    QBasicTimer dropScroll;
     int wheelRest = 0;
 
     // rich_text_view.cpp: what the box says.
@@ -99,6 +126,7 @@ struct RichTextView::State
     ShownLines LinesNow();
     void RefreshCaret();
     void RestartCaret();
+    void RaiseHScroll();
 
     // view_scrolling.cpp
     void Settle();
@@ -120,13 +148,13 @@ struct RichTextView::State
     void Run(const KeyCommand& command);
     void Run(KeyMotion motion);
     void Run(KeyAction action);
-    void SelectFromTo(Position anchor, CaretPosition caret, std::optional<Fine> column = std::nullopt);
+    [[nodiscard]] bool SelectFromTo(Position anchor, CaretPosition caret, std::optional<Fine> column = std::nullopt);
     void TypeText(const QString& text);
     void DeleteBeside(Deletion deletion);
     bool MayEdit() const { return !box.Locked(); }
     bool TakesKey(QKeyEvent& event);
     /// What is being written becomes text, or nothing.
-    void FinishPreEdit();
+    [[nodiscard]] bool FinishPreEdit();
     void DropPreEdit();
 
     // view_mouse.cpp
@@ -135,7 +163,8 @@ struct RichTextView::State
     void SelectByMouse(const QPoint& point, SelectionUnit unit);
     void ExtendByMouse(const QPoint& point);
     void MoveMouse(const QMouseEvent& event);
-    void ReleaseLeft(const QMouseEvent& event);
+    /// False when the view followed a link, or is gone.
+    bool ReleaseLeft(const QMouseEvent& event);
     void Autoscroll();
     void ShowCursorFor(const QPoint& point, Qt::KeyboardModifiers modifiers);
     bool IsOnSelection(const QPoint& point);
@@ -146,10 +175,13 @@ struct RichTextView::State
     bool TakesDrop(const QDropEvent& event) const;
     void ShowDropCaret(const QPoint& point);
     void HideDropCaret();
+    void StopDropping();
     bool Drop(const QDropEvent& event);
 
     // view_input_method.cpp
     void TakeInput(QInputMethodEvent& event);
+    [[nodiscard]] bool TakeCommit(const QInputMethodEvent& event);
+    [[nodiscard]] bool TakeSelection(const QInputMethodEvent& event);
     QVariant InputMethodValue(Qt::InputMethodQuery query);
 };
 

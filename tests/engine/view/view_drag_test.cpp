@@ -5,6 +5,7 @@
 
 #include <QDropEvent>
 #include <QMimeData>
+#include <QScrollBar>
 
 namespace quillmarker
 {
@@ -137,6 +138,54 @@ TEST(MovingText, TakesParagraphsAsTheyAre)
     SampleBox box("one\n^two\n|three");
     EXPECT_TRUE(MoveText(box, {{5}, {10}}, {0}));
     EXPECT_EQ(Dump(box), "^two\n|one\nthree");
+}
+
+TEST(DraggingAway, DeletesWhatWasDraggedAsAStep)
+{
+    SampleBox box("one ^two| three");
+    box.Type(u"2");
+    box.Select({4, 1});
+    const Document dragged = box.Value();
+    // Whatever is selected by then.
+    box.Select({0, 3});
+    EXPECT_TRUE(DeleteMoved(box, dragged, {{4}, {5}}));
+    EXPECT_EQ(Dump(box), "one | three");
+    box.Type(u"x");
+    box.Undo();
+    EXPECT_EQ(box.Text(), u"one  three");
+    box.Undo();
+    EXPECT_EQ(box.Text(), u"one 2 three");
+}
+
+TEST(DraggingAway, LeavesADocumentThatHasChangedMeanwhile)
+{
+    SampleBox box("one ^two| three");
+    const Document dragged = box.Value();
+    box.SetSelText(u"new");
+    EXPECT_FALSE(DeleteMoved(box, dragged, {{4}, {7}}));
+    EXPECT_EQ(box.Text(), u"one new three");
+}
+
+TEST(Dropping, ScrollsWhileTheMouseRestsAtTheEdge)
+{
+    std::string lines = "|0";
+    for (int i = 1; i < 200; ++i)
+        lines += "\n" + std::to_string(i);
+    ShownView view(lines);
+    QMimeData data;
+    TextData(data, "x");
+    const QPoint edge(20, view.viewport()->height() - 2);
+    QDragEnterEvent enter(edge, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(view.viewport(), &enter);
+    QDragMoveEvent move(edge, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(view.viewport(), &move);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.verticalScrollBar()->value() > 100; }, 3000));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(view.viewport(), &leave);
+    QCoreApplication::processEvents();
+    const int rests = view.verticalScrollBar()->value();
+    QTest::qWait(150);
+    EXPECT_EQ(view.verticalScrollBar()->value(), rests);
 }
 
 }  // namespace

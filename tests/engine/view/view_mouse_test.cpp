@@ -3,6 +3,8 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <functional>
+
 namespace quillmarker
 {
 namespace
@@ -165,6 +167,71 @@ TEST(TheWheel, WithControlChangesTheZoom)
     EXPECT_EQ(view.Zoom(), 10);
     view.SetZoom(5000);
     EXPECT_EQ(view.Zoom(), 500);
+}
+
+/// What a view raises, letter by letter, while a test does something.
+std::string Heard(RichTextView& view, const std::function<void()>& what, bool swallowsPresses = false)
+{
+    std::string heard;
+    QObject context;
+    QObject::connect(&view, &RichTextView::MouseDown, &context, [&](QMouseEvent*, bool& swallow) {
+        heard += 'd';
+        swallow = swallowsPresses;
+    });
+    QObject::connect(&view, &RichTextView::MouseUp, &context, [&] { heard += 'u'; });
+    QObject::connect(&view, &RichTextView::Click, &context, [&] { heard += 'c'; });
+    QObject::connect(&view, &RichTextView::DblClick, &context, [&] { heard += 'D'; });
+    what();
+    return heard;
+}
+
+void SendButton(RichTextView& view, QEvent::Type type, QPoint point, Qt::MouseButton button)
+{
+    const bool isUp = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, QPointF(point), view.viewport()->mapToGlobal(QPointF(point)), button,
+                      isUp ? Qt::NoButton : button, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &event);
+}
+
+TEST(MouseEvents, OfADoubleClickHaveOneClick)
+{
+    ShownView view("one two|");
+    const QPoint point = view.MiddleOf(1);
+    EXPECT_EQ(Heard(view,
+                    [&] {
+                        SendButton(view, QEvent::MouseButtonPress, point, Qt::LeftButton);
+                        SendButton(view, QEvent::MouseButtonRelease, point, Qt::LeftButton);
+                        SendButton(view, QEvent::MouseButtonDblClick, point, Qt::LeftButton);
+                        SendButton(view, QEvent::MouseButtonRelease, point, Qt::LeftButton);
+                    }),
+              "ducDu");
+}
+
+TEST(MouseEvents, AClickIsAPressThatWasTakenHere)
+{
+    ShownView view("one two|");
+    const QPoint point = view.MiddleOf(1);
+    EXPECT_EQ(Heard(
+                  view, [&] { view.ClickAt(point); }, true),
+              "du");
+    EXPECT_EQ(Heard(view, [&] { SendButton(view, QEvent::MouseButtonRelease, point, Qt::LeftButton); }), "u");
+    view.SetTextRTF(
+        QStringLiteral("{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"http://example.org/\"}{\\fldrslt here}}}"));
+    EXPECT_EQ(Heard(view, [&] { view.ClickAt(view.MiddleOf(1), Qt::ControlModifier); }), "du");
+}
+
+TEST(MouseEvents, AQuickSecondPressOfAnotherButtonIsAPress)
+{
+    ShownView view("one two|");
+    const QPoint point = view.MiddleOf(1);
+    EXPECT_EQ(Heard(view,
+                    [&] {
+                        SendButton(view, QEvent::MouseButtonPress, point, Qt::RightButton);
+                        SendButton(view, QEvent::MouseButtonRelease, point, Qt::RightButton);
+                        SendButton(view, QEvent::MouseButtonDblClick, point, Qt::RightButton);
+                        SendButton(view, QEvent::MouseButtonRelease, point, Qt::RightButton);
+                    }),
+              "dudu");
 }
 
 }  // namespace

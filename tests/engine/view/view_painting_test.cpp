@@ -262,5 +262,25 @@ TEST(Zooming, MakesEverythingLarger)
     EXPECT_EQ(view.Zoom(), 200);
 }
 
+TEST(Painting, ADocumentWithOtherFormatsIsPaintedAnew)
+{
+    ShownView view("|");
+    view.SetTextRTF(QStringLiteral("{\\rtf1{\\colortbl;\\red255\\green0\\blue0;}\\cf1\\fs72 Hello}"));
+    QCoreApplication::processEvents();
+    const QImage red = view.Picture();
+    EXPECT_GT(CountOf(red, Qt::red), 50);
+    PaintSpy spy(*view.viewport());
+    QRegion painted;
+    view.SetTextRTF(QStringLiteral("{\\rtf1{\\colortbl;\\red0\\green0\\blue255;}\\cf1\\fs72 Hello}"));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            painted += spy.Take();
+            return QRegion(view.CharacterRectangle(1)).subtracted(painted).isEmpty();
+        },
+        1000));
+    EXPECT_GT(CountOf(view.Picture(), Qt::blue), 50);
+    EXPECT_EQ(CountOf(view.Picture(), Qt::red), 0);
+}
+
 }  // namespace
 }  // namespace quillmarker

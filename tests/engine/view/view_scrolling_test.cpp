@@ -159,5 +159,28 @@ TEST(Opening, ALongReportLaysOutOnlyWhatIsSeen)
     EXPECT_TRUE(view.viewport()->rect().contains(view.CaretRectangle()));
 }
 
+TEST(ScrollBars, AreHeardOfOnceTheViewIsAtRest)
+{
+    ShownView view("|");
+    view.SetRightMargin(40'000);
+    std::vector<int> heard;
+    QObject::connect(&view, &RichTextView::HScroll, &view, [&] {
+        heard.push_back(view.horizontalScrollBar()->value());
+        // An edit in the slot is shown too.
+        if (heard.size() == 1)
+            view.SetSelText(QStringLiteral("!"));
+    });
+    view.Type("the quick brown fox jumps over the lazy dog and runs away from everything that follows it");
+    EXPECT_TRUE(heard.empty());
+    const int before = view.horizontalScrollBar()->value();
+    view.EnsureVisible(89);
+    EXPECT_NE(view.horizontalScrollBar()->value(), before);
+    EXPECT_TRUE(heard.empty());
+    QCoreApplication::processEvents();
+    EXPECT_GE(heard.size(), 1U);
+    EXPECT_TRUE(view.Text().endsWith(QLatin1Char('!')));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.viewport()->rect().contains(view.CaretRectangle()); }, 1000));
+}
+
 }  // namespace
 }  // namespace quillmarker
