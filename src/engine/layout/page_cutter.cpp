@@ -288,7 +288,8 @@ PageRecord RecordOf(const CutPage& cut, const TwipsRectangle& printable, const T
     if (isTooTall)
         record.list.Add(BeginClip{QRectF(0, corner.y(), page.Width().value, printable.Height().value)});
     for (const PlacedLines& placed : cut.lines)
-        placed.layout->DrawBackground(record.list, originOf(placed), placed.first, placed.last);
+        placed.layout->DrawBackground(record.list, originOf(placed), placed.first, placed.last,
+                                      {.above = &placed != &cut.lines.front(), .below = &placed != &cut.lines.back()});
     for (const PlacedLines& placed : cut.lines)
         placed.layout->DrawText(record.list, originOf(placed), placed.first, placed.last);
     if (isTooTall)

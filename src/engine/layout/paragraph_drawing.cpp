@@ -39,6 +39,18 @@ QRectF Frame(const ParagraphLayout& layout, QPointF origin, std::uint32_t first,
             QPointF(origin.x() + std::max(right, left), origin.y() + bottom)};
 }
 
+/// The same, up to the paragraphs that share it.
+QRectF JoinedFrame(const ParagraphLayout& layout, QPointF origin, std::uint32_t first, std::uint32_t last,
+                   FrameNeighbours neighbours)
+{
+    QRectF frame = Frame(layout, origin, first, last);
+    if (neighbours.above && first == 0 && layout.Context().joinsAbove)
+        frame.setTop(origin.y());
+    if (neighbours.below && last == layout.Lines().size() && layout.Context().joinsBelow)
+        frame.setBottom(origin.y() + InTwips(layout.Height()));
+    return frame;
+}
+
 /// Room that a border's line takes beside the text, to the line's middle.
 double Outside(const Border& border)
 {
@@ -434,16 +446,19 @@ private:
 };
 
 void DrawBorders(const ParagraphLayout& layout, DisplayList& list, QPointF origin, std::uint32_t first,
-                 std::uint32_t last)
+                 std::uint32_t last, FrameNeighbours neighbours)
 {
     const Borders& borders = *layout.Format().borders;
     const ParagraphContext& context = layout.Context();
-    QRectF frame = Frame(layout, origin, first, last);
+    QRectF frame = JoinedFrame(layout, origin, first, last, neighbours);
     const bool hasTop = first == 0 && !context.joinsAbove;
     const bool hasEnd = last == layout.Lines().size();
     const Border& atEnd = borders[context.joinsBelow ? BorderSide::Between : BorderSide::Bottom];
     frame.adjust(-Outside(borders[BorderSide::Left]), hasTop ? -Outside(borders[BorderSide::Top]) : 0,
-                 Outside(borders[BorderSide::Right]), hasEnd ? Outside(atEnd) : 0);
+                 Outside(borders[BorderSide::Right]), 0);
+    const double end = Frame(layout, origin, first, last).bottom() + Outside(atEnd);
+    if (hasEnd)
+        frame.setBottom(std::max(frame.bottom(), end));
     const auto add = [&list](const Border& border, QPointF from, QPointF to) {
         if (border.style != BorderStyle::None)
             list.Add(BorderLine{from, to, border});
@@ -454,7 +469,7 @@ void DrawBorders(const ParagraphLayout& layout, DisplayList& list, QPointF origi
     add(borders[BorderSide::Right], frame.topRight(), frame.bottomRight());
     add(borders[BorderSide::Bar], frame.topLeft(), frame.bottomLeft());
     if (hasEnd)
-        add(atEnd, frame.bottomLeft(), frame.bottomRight());
+        add(atEnd, {frame.left(), end}, {frame.right(), end});
 }
 
 /// The vertical lines of bar tabs go through all lines of a paragraph.
@@ -474,7 +489,8 @@ void DrawBars(const ParagraphLayout& layout, DisplayList& list, QPointF origin, 
 
 }  // namespace
 
-void ParagraphLayout::DrawBackground(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last) const
+void ParagraphLayout::DrawBackground(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last,
+                                     FrameNeighbours neighbours) const
 {
     if (first >= last || m_height == 0)
         return;
@@ -482,7 +498,7 @@ void ParagraphLayout::DrawBackground(DisplayList& list, QPointF origin, std::uin
     {
         const Shading& shading = *m_format->shading;
         if (!shading.fill.IsAutomatic() || shading.hundredths > 0)
-            list.Add(FilledRectangle{.rectangle = Frame(*this, origin, first, last),
+            list.Add(FilledRectangle{.rectangle = JoinedFrame(*this, origin, first, last, neighbours),
                                      .colour = shading.fill,
                                      .ground = Ground::Background,
                                      .mixed = shading.hundredths,
@@ -491,7 +507,7 @@ void ParagraphLayout::DrawBackground(DisplayList& list, QPointF origin, std::uin
     for (std::uint32_t line = first; line < last; ++line)
         PieceDrawing(*this, list, origin, line).DrawHighlights();
     if (m_format->borders)
-        DrawBorders(*this, list, origin, first, last);
+        DrawBorders(*this, list, origin, first, last, neighbours);
 }
 
 void ParagraphLayout::DrawText(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last) const

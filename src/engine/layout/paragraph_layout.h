@@ -87,6 +87,13 @@ struct LineSpan
     bool operator==(const LineSpan&) const = default;
 };
 
+/// Whether the paragraphs with which one shares a frame are drawn beside it: at the ends of a page they are not.
+struct FrameNeighbours
+{
+    bool above = true;
+    bool below = true;
+};
+
 /// The lines of one paragraph in one context. Immutable; holds the paragraph. Offsets are units of the paragraph's
 /// text; its length stands for the mark. The font host and the table of formats must outlive it.
 class QUILLMARKER_PAGES_EXPORT ParagraphLayout
@@ -126,8 +133,10 @@ public:
     std::vector<LineSpan> SpansOf(std::uint32_t line, std::uint32_t begin, std::uint32_t end) const;
 
     /// Adds what lies behind the text of the lines `first` up to, not including, `last`: shading, borders,
-    /// highlights. `origin` is the paragraph's corner in the list, in twips.
-    void DrawBackground(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last) const;
+    /// highlights. `origin` is the paragraph's corner in the list, in twips. A frame goes on to its neighbours through
+    /// the space between them.
+    void DrawBackground(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last,
+                        FrameNeighbours neighbours = {}) const;
 
     /// Adds the text itself: numbers, glyphs, lines under and through them, leaders, pictures, links.
     void DrawText(DisplayList& list, QPointF origin, std::uint32_t first, std::uint32_t last) const;

@@ -49,10 +49,16 @@ void TintPictures(QPainter& painter, const DisplayList& list, QPointF origin, qr
 std::pair<std::uint32_t, std::uint32_t> LinesBetween(const ParagraphLayout& layout, Fine top, Fine bottom)
 {
     const auto lines = layout.Lines();
-    const auto first =
-        std::ranges::find_if(lines, [&](const Line& line) { return line.Bottom() + line.height / 2 >= top; });
-    const auto last =
-        std::find_if(first, lines.end(), [&](const Line& line) { return line.top - line.height / 2 > bottom; });
+    // A frame that goes on to a neighbour fills the space to it.
+    const auto reachesDownTo = [&](const Line& line) {
+        return layout.Context().joinsBelow && &line == &lines.back() ? layout.Height() + line.height / 2
+                                                                     : line.Bottom() + line.height / 2;
+    };
+    const auto reachesUpTo = [&](const Line& line) {
+        return layout.Context().joinsAbove && &line == &lines.front() ? -line.height / 2 : line.top - line.height / 2;
+    };
+    const auto first = std::ranges::find_if(lines, [&](const Line& line) { return reachesDownTo(line) >= top; });
+    const auto last = std::find_if(first, lines.end(), [&](const Line& line) { return reachesUpTo(line) > bottom; });
     return {static_cast<std::uint32_t>(first - lines.begin()), static_cast<std::uint32_t>(last - lines.begin())};
 }
 
@@ -118,7 +124,8 @@ void RichTextView::State::PaintText(QPainter& painter, const QRegion& region, co
         const ParagraphLayout& layout = flow.LayoutOf(i);
         const Fine paragraphTop = flow.TopOf(i);
         // One paragraph more at either end: its letters may reach in here.
-        if (!layout.Lines().empty() && paragraphTop + layout.Lines()[0].top - layout.Lines()[0].height > bottom)
+        const Fine room = layout.Context().joinsAbove ? 0 : layout.Lines()[0].top;
+        if (paragraphTop + room - layout.Lines()[0].height > bottom)
             break;
         const auto [first, last] = LinesBetween(layout, top - paragraphTop, bottom - paragraphTop);
         if (first == last)

@@ -219,6 +219,47 @@ TEST(FormatRange, EndsWithinTheLastParagraphToo)
     EXPECT_EQ(formatted.record.list.items.size(), 1U);
 }
 
+/// The vertical lines on the left of a page's frames, from top to bottom, as pairs of their ends.
+std::vector<std::pair<double, double>> LeftBorders(const DisplayList& list)
+{
+    std::vector<std::pair<double, double>> lines;
+    for (const DisplayItem& item : list.items)
+        if (const auto* line = std::get_if<BorderLine>(&item); line && line->from.x() == line->to.x())
+            lines.emplace_back(line->from.y(), line->to.y());
+    return lines;
+}
+
+using Lengths = std::vector<std::pair<double, double>>;
+
+TEST(FormatRange, AFrameGoesOnThroughTheSpaceWithinIt)
+{
+    FixedFontHost fonts;
+    const Document document = Read("\\brdrl\\brdrs\\brdrw20\\shading5000\\sb100\\sa50 a\\par b\\par c\\par d\\par");
+    const TwipsRectangle page{{}, {}, {1000}, {1000}};
+    const FormattedPage first = FormatRange(document, {{0}, {document.Size()}}, page, page, fonts);
+    EXPECT_EQ(LeftBorders(first.record.list), Lengths({{100, 350}, {350, 700}, {700, 1000}}));
+    const auto& shading = std::get<FilledRectangle>(first.record.list.items.front());
+    EXPECT_EQ(shading.rectangle.top(), 100);
+    EXPECT_EQ(shading.rectangle.bottom(), 350);
+    const FormattedPage second = FormatRange(document, {first.next, {document.Size()}}, page, page, fonts);
+    ASSERT_FALSE(LeftBorders(second.record.list).empty());
+    EXPECT_EQ(LeftBorders(second.record.list).front().first, 0) << "nothing above the page";
+}
+
+TEST(FormatRange, TheLineBetweenTwoOfAFrameStaysAtTheText)
+{
+    FixedFontHost fonts;
+    const Document document = Read("\\brdrl\\brdrs\\brdrw20\\brdrbtw\\brdrs\\brdrw20\\sa50 a\\par b\\par\\pard c\\par");
+    const TwipsRectangle page{{}, {}, {1000}, {1000}};
+    const FormattedPage formatted = FormatRange(document, {{0}, {document.Size()}}, page, page, fonts);
+    EXPECT_EQ(LeftBorders(formatted.record.list), Lengths({{0, 270}, {270, 470}}));
+    std::vector<double> between;
+    for (const DisplayItem& item : formatted.record.list.items)
+        if (const auto* line = std::get_if<BorderLine>(&item); line && line->from.y() == line->to.y())
+            between.push_back(line->from.y());
+    EXPECT_EQ(between, std::vector<double>{210});
+}
+
 TEST(FormatRange, SaysWhereTheNextPageBegins)
 {
     FixedFontHost fonts;
