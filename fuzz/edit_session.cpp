@@ -153,10 +153,11 @@ void EditSession::Record(Kind kind, const Moment& before)
     const bool isChanged = m_changes > 0;
     const bool continues = kind == Kind::Typing && m_isTypingRun;
     // Every edit that is told can be undone.
-    if (isChanged)
+    // What a bracket holds is one when it ends, and none if it leaves the document as it was.
+    if (isChanged && m_brackets.empty())
     {
         m_redo.clear();
-        if (m_brackets.empty() && !continues)
+        if (!continues)
             m_undo.push_back(before);
     }
     const bool isMoved = before.selection != m_selection;

@@ -65,8 +65,10 @@ void EditSession::EndStep(ByteScript&)
         return;
     const Moment begin = m_brackets.back();
     m_brackets.pop_back();
-    if (m_brackets.empty() && !SameContent(begin.document, m_box.Value()))
-        m_undo.push_back(begin);
+    if (!m_brackets.empty() || SameContent(begin.document, m_box.Value()))
+        return;
+    m_undo.push_back(begin);
+    m_redo.clear();
 }
 
 void EditSession::ClearHistory(ByteScript&)

@@ -96,7 +96,7 @@ void InfoEntry(Reader& reader, const Keyword& keyword, const Parameter&)
 /// Inside of itself it would cut what is kept of a date.
 void EnterInfo(Reader& reader, const Keyword&, const Parameter&)
 {
-    if (reader.IsIn(Destination::InfoTime) || reader.IsIn(Destination::InfoText))
+    if (reader.HasOpenTime())
         return reader.SkipGroup();
     reader.Enter(Destination::Info);
 }
@@ -108,6 +108,7 @@ void InfoTime(Reader& reader, const Keyword& keyword, const Parameter&)
         return reader.SkipGroup();
     if (!reader.Enter(Destination::InfoTime))
         return;
+    reader.OpenTime();
     kept += '{';
     kept += '\\';
     kept += keyword.name;

@@ -92,6 +92,7 @@ void Reader::EndDestination(const ReaderState& left)
         break;
     case Destination::InfoTime:
         m_properties.infoKept += '}';
+        m_hasOpenTime = false;
         break;
     case Destination::Picture:
         EndPicture();
