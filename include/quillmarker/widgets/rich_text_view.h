@@ -17,6 +17,8 @@
 namespace quillmarker
 {
 
+class ClipboardService;
+
 /// The text box as a widget: shows it, scrolls it, and lets a user edit it. It owns its TextBox and takes the box's
 /// Change and SelChange for its signals of those names; whatever a host does to the box shows at once.
 ///
@@ -166,6 +168,15 @@ public:
     /// Rewrites the RTF of what is copied or dragged away. It is called when somebody asks for the data, which may be
     /// after the view is gone.
     void SetCopyFilter(std::function<std::u16string(std::u16string)> filter);
+
+    /// What Cut, Copy and Paste use instead of the machine's clipboard; null stands for that again.
+    void SetClipboard(std::shared_ptr<ClipboardService> clipboard);
+
+    /// Keeps the view from being painted until it is unlocked, which paints it once. One view at a time holds the lock:
+    /// false when another does. Locking twice is locking once.
+    Q_INVOKABLE bool LockPainting();
+    /// Does nothing unless this view holds the lock.
+    Q_INVOKABLE void UnlockPainting();
 
     /// Where the caret stands, and the other end of the selection; equal when nothing is selected.
     int CaretOffset() const;

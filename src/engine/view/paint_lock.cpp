@@ -13,6 +13,8 @@ bool PaintLock::Lock(QWidget& widget)
 {
     if (m_widget && m_widget != &widget)
         return false;
+    if (!m_widget)
+        m_wasPainted = !widget.testAttribute(Qt::WA_ForceUpdatesDisabled);
     m_widget = &widget;
     widget.setUpdatesEnabled(false);
     return true;
@@ -20,7 +22,7 @@ bool PaintLock::Lock(QWidget& widget)
 
 void PaintLock::Unlock()
 {
-    if (m_widget)
+    if (m_widget && m_wasPainted)
         m_widget->setUpdatesEnabled(true);
     m_widget.clear();
 }

@@ -23,6 +23,7 @@ public:
 private:
     PaintLock() = default;
     QPointer<QWidget> m_widget;
+    bool m_wasPainted = true;  // before it held the lock
 };
 
 }  // namespace quillmarker

@@ -64,6 +64,11 @@ void RichTextView::State::OnChange()
         mustReveal = !staysPut;
     else
         track.ForgetLine();
+    // The host edits while an input method writes: that would go on in another text. Its own edits come without.
+    const QPointer<RichTextView> alive(&view);
+    DropPreEdit();
+    if (!alive)
+        return;
     ScheduleRefresh();
     Q_EMIT view.Change();
 }
@@ -98,7 +103,7 @@ bool RichTextView::event(QEvent* event)
 
 bool RichTextView::viewportEvent(QEvent* event) { return QAbstractScrollArea::viewportEvent(event); }
 
-/// Tab is a character here; Ctrl+Tab goes to the next widget.
+/// Tab is a character here, or no key of ours; Ctrl+Tab goes to the next widget.
 bool RichTextView::focusNextPrevChild(bool /*next*/) { return false; }
 
 void RichTextView::keyPressEvent(QKeyEvent* event) { event->setAccepted(m_state->TakesKey(*event)); }

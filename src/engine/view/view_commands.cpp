@@ -5,11 +5,28 @@
 
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QTextBoundaryFinder>
 
 #include <tuple>
 
 namespace quillmarker
 {
+
+namespace
+{
+
+/// What a character typed at a position replaces: the one that is seen there. A line's end is not typed over.
+TextRange OverwrittenAt(const Document& document, Position caret)
+{
+    const TextRange seen = DeletedBy(document, caret, Deletion::CharacterBehind);
+    const Location at = document.Locate(seen.begin);
+    const std::u16string_view paragraph = document.ParagraphAt(at.paragraph).Text();
+    const auto offset = static_cast<std::size_t>(at.offset);
+    const bool isCharacter = !seen.IsEmpty() && offset < paragraph.size() && paragraph[offset] >= u' ';
+    return isCharacter ? seen : TextRange{caret, caret};
+}
+
+}  // namespace
 
 bool RichTextView::State::FinishPreEdit()
 {
@@ -36,6 +53,10 @@ void RichTextView::State::DropPreEdit()
 bool RichTextView::State::SelectFromTo(Position anchor, CaretPosition caret, std::optional<Fine> column)
 {
     const QPointer<RichTextView> alive(&view);
+    // An input method writes where the caret was.
+    DropPreEdit();
+    if (!alive)
+        return false;
     track.SelectFromTo(anchor, caret);
     track.Put(caret, Extend::Yes, column);
     box.Select(track.Selected());
@@ -122,19 +143,28 @@ void RichTextView::State::TypeText(const QString& text)
     mustReveal = true;
     RestartCaret();
     ScheduleRefresh();
-    const Position caret = track.Caret().position;
     const bool isLineEnd = units == u"\r\n";
     if (!overwrites || track.HasSelection() || isLineEnd)
-    {
         box.Type(units);
-        return;
+    else
+        TypeOverCharacters(text);
+}
+
+/// Each character takes the place of one.
+void RichTextView::State::TypeOverCharacters(const QString& text)
+{
+    const QPointer<RichTextView> alive(&view);
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    for (int from = 0; from < text.size();)
+    {
+        const auto next = static_cast<int>(characters.toNextBoundary());
+        const int end = next > from ? next : static_cast<int>(text.size());
+        const std::u16string units = text.mid(from, end - from).toStdU16String();
+        const bool isTyped = box.TypeOver(OverwrittenAt(Value(), track.Caret().position), units);
+        if (!alive || !isTyped)
+            return;
+        from = end;
     }
-    // A line's end is not typed over.
-    const Location at = Value().Locate(caret);
-    const std::u16string_view paragraph = Value().ParagraphAt(at.paragraph).Text();
-    const auto offset = static_cast<std::size_t>(at.offset);
-    const bool hasCharacter = offset < paragraph.size() && paragraph[offset] >= u' ';
-    box.TypeOver({caret, hasCharacter ? NextCharacter(Value(), caret) : caret}, units);
 }
 
 void RichTextView::State::DeleteBeside(Deletion deletion)
@@ -164,12 +194,16 @@ bool RichTextView::State::TakesKey(QKeyEvent& event)
         if (swallow || !alive || text.isEmpty())
             return true;
     }
+    const bool isEdit = command ? IsEdit(*command) : TypesText(event);
+    // Somebody else may know what to do with it: a dialog's button, the next widget.
+    if (isEdit && !MayEdit())
+        return false;
     if (command)
     {
         Run(*command);
         return true;
     }
-    if (!TypesText(event))
+    if (!isEdit)
         return false;
     if (FinishPreEdit())
         TypeText(text);

@@ -28,7 +28,10 @@ QString TextOf(const Document& document, TextRange range) { return QString::from
 void RichTextView::State::TakeInput(QInputMethodEvent& event)
 {
     if (!MayEdit())
-        return event.ignore();
+    {
+        event.ignore();
+        return DropPreEdit();
+    }
     event.accept();
     mustReveal = true;
     const bool wasEmpty = preEdit.IsEmpty();
@@ -54,13 +57,19 @@ void RichTextView::State::TakeInput(QInputMethodEvent& event)
 bool RichTextView::State::TakeCommit(const QInputMethodEvent& event)
 {
     const QPointer<RichTextView> alive(&view);
+    QString text = event.commitString();
+    bool swallow = false;
+    if (!text.isEmpty())
+        Q_EMIT view.KeyPress(text, swallow);
+    if (!alive || swallow)
+        return alive;
     if (event.replacementLength() > 0)
     {
         const Position from = track.Caret().position + event.replacementStart();
-        box.TypeOver({from, from + event.replacementLength()}, event.commitString().toStdU16String());
+        box.TypeOver({from, from + event.replacementLength()}, text.toStdU16String());
     }
-    else if (!event.commitString().isEmpty())
-        TypeText(event.commitString());
+    else if (!text.isEmpty())
+        TypeText(text);
     return alive;
 }
 
@@ -70,8 +79,12 @@ bool RichTextView::State::TakeSelection(const QInputMethodEvent& event)
     {
         if (attribute.type != QInputMethodEvent::Selection)
             continue;
-        const Position begin = Value().StartOf(Value().Locate(track.Caret().position).paragraph);
-        if (!SelectFromTo(begin + attribute.start, {begin + attribute.start + attribute.length}))
+        // It counts in what it was told of the text around the caret.
+        const Position begin = SurroundingsOf(Value(), track.Caret().position).begin;
+        const Position end{box.TextLength()};
+        const Position from = std::clamp(begin + attribute.start, Position{0}, end);
+        const Position to = std::clamp(begin + attribute.start + attribute.length, Position{0}, end);
+        if (!SelectFromTo(from, {to}))
             return false;
     }
     return true;

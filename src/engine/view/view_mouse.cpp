@@ -79,17 +79,17 @@ void RichTextView::State::PressLeft(const QMouseEvent& event)
 /// What is selected elsewhere is put where the middle button was pressed, where the window system knows of that.
 void RichTextView::State::PressMiddle(const QMouseEvent& event)
 {
-    QClipboard& clipboard = *QGuiApplication::clipboard();
-    if (!clipboard.supportsSelection() || !MayEdit())
+    QClipboard& board = *QGuiApplication::clipboard();
+    if (!board.supportsSelection() || !MayEdit())
         return;
-    const QMimeData* data = clipboard.mimeData(QClipboard::Selection);
+    const QMimeData* data = board.mimeData(QClipboard::Selection);
     if (!data || !CanInsertMimeData(*data))
         return;
     const CaretPosition caret = HitAt(event.position().toPoint()).caret;
     if (!SelectFromTo(caret.position, caret))
         return;
     // A slot may have put something else there.
-    data = clipboard.mimeData(QClipboard::Selection);
+    data = board.mimeData(QClipboard::Selection);
     mustReveal = true;
     if (data)
         InsertMimeData(box, *data);
@@ -97,11 +97,11 @@ void RichTextView::State::PressMiddle(const QMouseEvent& event)
 
 void RichTextView::State::OfferPrimarySelection()
 {
-    QClipboard& clipboard = *QGuiApplication::clipboard();
-    if (!clipboard.supportsSelection() || !track.HasSelection())
+    QClipboard& board = *QGuiApplication::clipboard();
+    if (!board.supportsSelection() || !track.HasSelection())
         return;
     if (std::unique_ptr<QMimeData> data = MimeDataOfSelection(box, copyFilter))
-        clipboard.setMimeData(data.release(), QClipboard::Selection);
+        board.setMimeData(data.release(), QClipboard::Selection);
 }
 
 void RichTextView::State::MoveMouse(const QMouseEvent& event)

@@ -1,26 +1,28 @@
 #include "view_state.h"
 
 #include "clipboard_formats.h"
-
-#include <QClipboard>
-#include <QGuiApplication>
+#include "paint_lock.h"
 
 #include <tuple>
+#include <utility>
 
 namespace quillmarker
 {
 
 void RichTextView::Cut()
 {
+    if (Locked())
+        return;
     std::unique_ptr<QMimeData> copied = MimeDataOfSelection(m_state->box, m_state->copyFilter);
     if (!copied)
         return;
     const QPointer<RichTextView> alive(this);
+    const std::shared_ptr<ClipboardService> clipboard = m_state->clipboard;
     m_state->mustReveal = true;
     m_state->box.BeginStep();
     // What may not be deleted is not cut: the clipboard stays as it was.
     if (m_state->box.TypeDelete())
-        QGuiApplication::clipboard()->setMimeData(copied.release());
+        clipboard->SetContent(std::move(copied));
     if (alive)
         m_state->box.EndStep();
 }
@@ -28,12 +30,12 @@ void RichTextView::Cut()
 void RichTextView::Copy()
 {
     if (std::unique_ptr<QMimeData> copied = MimeDataOfSelection(m_state->box, m_state->copyFilter))
-        QGuiApplication::clipboard()->setMimeData(copied.release());
+        m_state->clipboard->SetContent(std::move(copied));
 }
 
 bool RichTextView::CanPaste() const
 {
-    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+    const QMimeData* copied = m_state->clipboard->Content();
     return !Locked() && copied && CanInsertMimeData(*copied);
 }
 
@@ -42,12 +44,14 @@ void RichTextView::Paste()
     if (!CanPaste())
         return;
     m_state->mustReveal = true;
-    InsertMimeData(m_state->box, *QGuiApplication::clipboard()->mimeData());
+    // A slot that deletes the view leaves the clipboard until all is in.
+    const std::shared_ptr<ClipboardService> clipboard = m_state->clipboard;
+    InsertMimeData(m_state->box, *clipboard->Content());
 }
 
 void RichTextView::Clear()
 {
-    if (!m_state->track.HasSelection())
+    if (Locked() || !m_state->track.HasSelection())
         return;
     const QPointer<RichTextView> alive(this);
     m_state->mustReveal = true;
@@ -97,6 +101,19 @@ void RichTextView::SetOverwrites(bool on)
     m_state->overwrites = on;
     m_state->ScheduleRefresh();
     m_state->RestartCaret();
+}
+
+void RichTextView::SetClipboard(std::shared_ptr<ClipboardService> clipboard)
+{
+    m_state->clipboard = clipboard ? std::move(clipboard) : MakeQtClipboard();
+}
+
+bool RichTextView::LockPainting() { return PaintLock::OfTheProcess().Lock(*this); }
+
+void RichTextView::UnlockPainting()
+{
+    if (PaintLock::OfTheProcess().Holds(*this))
+        PaintLock::OfTheProcess().Unlock();
 }
 
 void RichTextView::SetCopyFilter(std::function<std::u16string(std::u16string)> filter)

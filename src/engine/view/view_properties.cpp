@@ -63,9 +63,21 @@ FileKind Kind(int kind) { return kind == 1 ? FileKind::Text : FileKind::Rtf; }
 }  // namespace
 
 QString RichTextView::Text() const { return ToQt(Box().Text()); }
-void RichTextView::SetText(const QString& text) { Box().SetText(text.toStdU16String()); }
+void RichTextView::SetText(const QString& text)
+{
+    const QPointer<RichTextView> alive(this);
+    Box().SetText(text.toStdU16String());
+    if (alive)
+        m_state->RevealCaret();
+}
 QString RichTextView::TextRTF() const { return ToQt(Box().TextRTF()); }
-void RichTextView::SetTextRTF(const QString& rtf) { Box().SetTextRTF(rtf.toStdU16String()); }
+void RichTextView::SetTextRTF(const QString& rtf)
+{
+    const QPointer<RichTextView> alive(this);
+    Box().SetTextRTF(rtf.toStdU16String());
+    if (alive)
+        m_state->RevealCaret();
+}
 int RichTextView::SelStart() const { return Box().SelStart(); }
 void RichTextView::SetSelStart(int start) { Box().SetSelStart(start); }
 int RichTextView::SelLength() const { return Box().SelLength(); }
@@ -157,19 +169,44 @@ void RichTextView::SetFont(const QFont& font)
 int RichTextView::MaxLength() const { return Box().MaxLength(); }
 void RichTextView::SetMaxLength(int units) { Box().SetMaxLength(units); }
 bool RichTextView::Locked() const { return Box().Locked(); }
-void RichTextView::SetLocked(bool locked) { Box().SetLocked(locked); }
+void RichTextView::SetLocked(bool locked)
+{
+    const QPointer<RichTextView> alive(this);
+    Box().SetLocked(locked);
+    if (locked)
+        m_state->DropPreEdit();
+    // An input method may write here from now on, or no longer.
+    if (alive)
+        updateMicroFocus();
+}
 
-int RichTextView::Find(const QString& text) { return Box().Find(text.toStdU16String()); }
+int RichTextView::Find(const QString& text)
+{
+    const QPointer<RichTextView> alive(this);
+    const int found = Box().Find(text.toStdU16String());
+    // It may have been selected already.
+    if (alive && found >= 0)
+        m_state->RevealCaret();
+    return found;
+}
 
 int RichTextView::Find(const QString& text, int start, int end, int options)
 {
     const ViewFlag staying(*this, m_state->staysPut, (options & kFindNoHighlight) != 0);
-    return Box().Find(text.toStdU16String(), start, end, options);
+    const QPointer<RichTextView> alive(this);
+    const int found = Box().Find(text.toStdU16String(), start, end, options);
+    if (alive && found >= 0 && !m_state->staysPut)
+        m_state->RevealCaret();
+    return found;
 }
 
 int RichTextView::LoadFile(const QString& path, int kind)
 {
-    return static_cast<int>(Box().LoadFile(path.toStdU16String(), Kind(kind)));
+    const QPointer<RichTextView> alive(this);
+    const FileError error = Box().LoadFile(path.toStdU16String(), Kind(kind));
+    if (alive && error == FileError::None)
+        m_state->RevealCaret();
+    return static_cast<int>(error);
 }
 
 int RichTextView::SaveFile(const QString& path, int kind)

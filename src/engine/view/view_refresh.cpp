@@ -131,6 +131,12 @@ void RichTextView::State::RaiseHScroll()
         Qt::QueuedConnection);
 }
 
+void RichTextView::State::RevealCaret()
+{
+    mustReveal = true;
+    ScheduleRefresh();
+}
+
 void RichTextView::State::RestartCaret()
 {
     if (!view.hasFocus())

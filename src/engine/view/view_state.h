@@ -10,6 +10,7 @@
 
 #include "engine/layout/document_flow.h"
 #include "engine/layout/paint_list.h"
+#include "engine/platform/clipboard.h"
 
 #include <quillmarker/widgets/rich_text_view.h>
 
@@ -67,6 +68,7 @@ struct RichTextView::State
     std::optional<CaretPosition> shownCaretAt;
     QRegion beingPainted;
     std::function<std::u16string(std::u16string)> copyFilter;
+    std::shared_ptr<ClipboardService> clipboard = MakeQtClipboard();
     int zoom = 100;
     bool hasVerbMenu = false;
     bool overwrites = false;
@@ -127,6 +129,8 @@ struct RichTextView::State
     void RefreshCaret();
     void RestartCaret();
     void RaiseHScroll();
+    /// The caret is scrolled to, whether or not it has moved.
+    void RevealCaret();
 
     // view_scrolling.cpp
     void Settle();
@@ -150,6 +154,7 @@ struct RichTextView::State
     void Run(KeyAction action);
     [[nodiscard]] bool SelectFromTo(Position anchor, CaretPosition caret, std::optional<Fine> column = std::nullopt);
     void TypeText(const QString& text);
+    void TypeOverCharacters(const QString& text);
     void DeleteBeside(Deletion deletion);
     bool MayEdit() const { return !box.Locked(); }
     bool TakesKey(QKeyEvent& event);

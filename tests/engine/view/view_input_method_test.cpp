@@ -2,6 +2,9 @@
 
 #include <QInputMethodEvent>
 
+#include <functional>
+#include <vector>
+
 namespace quillmarker
 {
 namespace
@@ -118,6 +121,72 @@ TEST(InputMethods, AClickEndsWhatTheyWorkOn)
     EXPECT_EQ(Dump(view), "|one two");
     Commit(view, u"a");
     EXPECT_EQ(Dump(view), "a|one two");
+}
+
+TEST(InputMethods, LoseWhatTheyWorkOnWhenTheHostEdits)
+{
+    QApplication::setCursorFlashTime(0);
+    for (const auto& edit : std::vector<std::function<void(RichTextView&)>>{
+             [](RichTextView& view) { view.SetSelText(QStringLiteral("host")); },
+             [](RichTextView& view) { view.SetText(QStringLiteral("other")); },
+             [](RichTextView& view) { view.SelectFromTo(2, 2); },
+             [](RichTextView& view) { view.SetSelStart(2); },
+             [](RichTextView& view) { view.SetLocked(true); },
+         })
+    {
+        ShownView view("one |two");
+        PreEditText(view, u"mmm");
+        edit(view);
+        // What is shown is the document, up to its last character.
+        ShownView same("|");
+        same.Box().OpenValue(view.Box().Value());
+        same.Box().Select({view.SelStart(), view.SelLength()});
+        const int end = view.Box().TextLength();
+        EXPECT_EQ(view.CharacterRectangle(end), same.CharacterRectangle(end));
+        EXPECT_EQ(view.CaretRectangle(), same.CaretRectangle());
+    }
+}
+
+TEST(InputMethods, SelectInTheTextTheyWereTold)
+{
+    std::string text = "|";
+    text += std::string(10'000, 'a');
+    ShownView view(text);
+    view.SelectFromTo(8'000, 8'000);
+    QInputMethodEvent event({}, {{QInputMethodEvent::Selection, 10, 5}});
+    const int told = 8'000 - view.inputMethodQuery(Qt::ImCursorPosition).toInt();
+    QApplication::sendEvent(&view, &event);
+    EXPECT_GT(told, 0);
+    EXPECT_EQ(view.AnchorOffset(), told + 10);
+    EXPECT_EQ(view.CaretOffset(), told + 15);
+}
+
+TEST(InputMethods, LetHostsFilterWhatTheyCommit)
+{
+    ShownView view("|");
+    QString heard;
+    QObject::connect(&view, &RichTextView::KeyPress, &view, [&](QString& text, bool& swallow) {
+        heard += text;
+        swallow = text == QStringLiteral("no");
+        text = text.toUpper();
+    });
+    Commit(view, u"ab");
+    Commit(view, u"no");
+    Commit(view, u"c", -1, 1);
+    EXPECT_EQ(heard, QStringLiteral("abnoc"));
+    EXPECT_EQ(Dump(view), "AC|");
+}
+
+TEST(InputMethods, OverwriteAsMuchAsTheyCommit)
+{
+    ShownView view("|abcd\ne");
+    view.SetOverwrites(true);
+    Commit(view, u"x\u65E5");
+    EXPECT_EQ(Dump(view), "x\u65E5|cd\ne");
+    Commit(view, u"123");
+    EXPECT_EQ(Dump(view), "x\u65E5123|\ne");
+    view.Undo();
+    EXPECT_EQ(view.Text(), QStringLiteral("abcd\r\ne"));
 }
 
 }  // namespace

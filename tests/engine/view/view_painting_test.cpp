@@ -282,5 +282,42 @@ TEST(Painting, ADocumentWithOtherFormatsIsPaintedAnew)
     EXPECT_EQ(CountOf(view.Picture(), Qt::red), 0);
 }
 
+TEST(ThePaintingLock, BelongsToHostsToo)
+{
+    ShownView view("one|");
+    ShownView other("two|");
+    EXPECT_TRUE(view.LockPainting());
+    EXPECT_TRUE(view.LockPainting());
+    EXPECT_FALSE(other.LockPainting());
+    other.UnlockPainting();
+    EXPECT_FALSE(view.updatesEnabled());
+    view.UnlockPainting();
+    EXPECT_TRUE(view.updatesEnabled());
+    EXPECT_TRUE(other.LockPainting());
+    other.UnlockPainting();
+    // What the host itself has stopped stays so.
+    view.setUpdatesEnabled(false);
+    bool isLocked = false;
+    EXPECT_TRUE(QMetaObject::invokeMethod(&view, "LockPainting", Q_RETURN_ARG(bool, isLocked)));
+    EXPECT_TRUE(isLocked);
+    EXPECT_TRUE(QMetaObject::invokeMethod(&view, "UnlockPainting"));
+    EXPECT_FALSE(view.updatesEnabled());
+}
+
+TEST(Painting, AutomaticTextIsReadOnAHighlightOfItsOwn)
+{
+    QApplication::setCursorFlashTime(0);
+    ShownView view("|");
+    view.setPalette(Colours(Qt::black, Qt::white, Qt::darkBlue, Qt::white));
+    view.SetTextRTF(QStringLiteral("{\\rtf1{\\colortbl;\\red255\\green255\\blue0;}\\fs96 H{\\highlight1 H}}"));
+    QCoreApplication::processEvents();
+    const QImage image = view.Picture();
+    EXPECT_GT(CountOf(image, Qt::white, view.CharacterRectangle(0)), 50);
+    const QRect marked = view.CharacterRectangle(1);
+    EXPECT_GT(CountOf(image, Qt::yellow, marked), 50);
+    EXPECT_GT(CountOf(image, Qt::black, marked.adjusted(2, 2, -2, -2)), 50);
+    EXPECT_EQ(CountOf(image, Qt::white, marked.adjusted(2, 2, -2, -2)), 0);
+}
+
 }  // namespace
 }  // namespace quillmarker

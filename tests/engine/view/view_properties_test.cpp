@@ -1,5 +1,8 @@
 #include "shown_view.h"
 
+#include "engine/platform/clipboard.h"
+
+#include <QClipboard>
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QTemporaryDir>
@@ -190,6 +193,40 @@ TEST(Operations, ACopyFilterSeesWhatIsCopied)
     view.SelectFromTo(11, 11);
     view.Paste();
     EXPECT_EQ(view.Text(), QStringLiteral("secret textpublic"));
+}
+
+/// A clipboard of a host's own.
+class PrivateClipboard : public ClipboardService
+{
+public:
+    const QMimeData* Content() const override { return m_content.get(); }
+    void SetContent(std::unique_ptr<QMimeData> content) override { m_content = std::move(content); }
+    void Clear() override { m_content.reset(); }
+    bool IsOwn() const override { return m_content != nullptr; }
+
+private:
+    std::unique_ptr<QMimeData> m_content;
+};
+
+TEST(Operations, UseTheClipboardTheyAreGiven)
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("outside"));
+    ShownView view("one ^two| three");
+    const auto clipboard = std::make_shared<PrivateClipboard>();
+    view.SetClipboard(clipboard);
+    EXPECT_FALSE(view.CanPaste());
+    view.Copy();
+    EXPECT_EQ(TextOf(*clipboard), QStringLiteral("two"));
+    view.SelectFromTo(0, 4);
+    view.Cut();
+    EXPECT_EQ(TextOf(*clipboard), QStringLiteral("one "));
+    view.SelectFromTo(3, 3);
+    view.Paste();
+    EXPECT_EQ(Dump(view), "twoone | three");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("outside"));
+    view.SetClipboard({});
+    view.Paste();
+    EXPECT_EQ(Dump(view), "twoone outside| three");
 }
 
 }  // namespace

@@ -2,6 +2,10 @@
 
 #include <QElapsedTimer>
 #include <QScrollBar>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <vector>
 
 namespace quillmarker
 {
@@ -180,6 +184,47 @@ TEST(ScrollBars, AreHeardOfOnceTheViewIsAtRest)
     EXPECT_GE(heard.size(), 1U);
     EXPECT_TRUE(view.Text().endsWith(QLatin1Char('!')));
     EXPECT_TRUE(QTest::qWaitFor([&] { return view.viewport()->rect().contains(view.CaretRectangle()); }, 1000));
+}
+
+TEST(TheCaret, IsScrolledToByFindingWhatIsSelectedAlready)
+{
+    ShownView view(Lines(300));
+    for (const bool isLong : {false, true})
+    {
+        const int at = view.Find(QStringLiteral("250"), 0);
+        ASSERT_GT(at, 0);
+        QCoreApplication::processEvents();
+        view.verticalScrollBar()->setValue(0);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(isLong ? view.Find(QStringLiteral("250"), 0) : view.Find(QStringLiteral("250")), at);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(view.viewport()->rect().contains(view.CaretRectangle()));
+    }
+    view.verticalScrollBar()->setValue(0);
+    QCoreApplication::processEvents();
+    EXPECT_GT(view.Find(QStringLiteral("250"), 0, -1, kFindNoHighlight), 0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+}
+
+TEST(Opening, AnotherTextShowsItsBeginning)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.rtf"));
+    ShownView view(Lines(300));
+    ASSERT_EQ(view.SaveFile(path), 0);
+    const QString text = view.Text();
+    const QString rtf = view.TextRTF();
+    for (const auto& open : std::vector<std::function<void()>>{
+             [&] { view.SetText(text); }, [&] { view.SetTextRTF(rtf); }, [&] { EXPECT_EQ(view.LoadFile(path), 0); }})
+    {
+        view.verticalScrollBar()->setValue(1'000);
+        QCoreApplication::processEvents();
+        ASSERT_EQ(view.verticalScrollBar()->value(), 1'000);
+        open();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+    }
 }
 
 }  // namespace

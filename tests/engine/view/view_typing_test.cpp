@@ -1,5 +1,7 @@
 #include "shown_view.h"
 
+#include <QScrollBar>
+
 #include <random>
 
 namespace quillmarker
@@ -255,6 +257,62 @@ TEST(TypingInTheView, IsTheSameAsTheCallsOfTheBox)
             ASSERT_EQ(Dump(view.Box()), Dump(box)) << "seed " << seed << " script " << script;
         }
     }
+}
+
+TEST(Overwriting, KeepsHiddenText)
+{
+    ShownView view("a|<h>hid</h>bc");
+    view.SetOverwrites(true);
+    view.Type("x");
+    EXPECT_EQ(view.Text(), QStringLiteral("ahidxc"));
+}
+
+TEST(ALockedView, LeavesKeysThatWouldEditToOthers)
+{
+    ShownView view("one|");
+    view.SetLocked(true);
+    const auto isTaken = [&](Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers = {}) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(&view, &event);
+        return event.isAccepted();
+    };
+    EXPECT_FALSE(isTaken(Qt::Key_Return, QStringLiteral("\r")));
+    EXPECT_FALSE(isTaken(Qt::Key_X, QStringLiteral("x")));
+    EXPECT_FALSE(isTaken(Qt::Key_Backspace, QStringLiteral("\b")));
+    EXPECT_TRUE(isTaken(Qt::Key_Left, {}));
+    EXPECT_TRUE(isTaken(Qt::Key_C, {}, Qt::ControlModifier));
+    EXPECT_EQ(view.Text(), QStringLiteral("one"));
+}
+
+TEST(ALockedView, TabLeavesIt)
+{
+    QWidget window;
+    auto* view = new RichTextView(&window);
+    auto* next = new QWidget(&window);
+    next->setFocusPolicy(Qt::StrongFocus);
+    window.show();
+    window.activateWindow();
+    view->setFocus();
+    view->SetLocked(true);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(view->hasFocus());
+    QTest::keyClick(view, Qt::Key_Tab);
+    EXPECT_TRUE(next->hasFocus());
+}
+
+TEST(ALockedView, IsNotScrolledByKeysItDoesNotTake)
+{
+    std::string lines = "|0";
+    for (int i = 1; i < 200; ++i)
+        lines += "\n" + std::to_string(i);
+    ShownView view(lines);
+    view.SetLocked(true);
+    view.verticalScrollBar()->setValue(300);
+    view.Type("x");
+    view.Press(Qt::Key_Delete);
+    view.Press(Qt::Key_X, Qt::ControlModifier);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.verticalScrollBar()->value(), 300);
 }
 
 }  // namespace
