@@ -114,14 +114,14 @@ QString QtFontHost::FamilyFor(const QString& name, FontFamily family) const
     const QString plain = PlainFontName(name);
     for (const QString& own : {name, plain})
     {
-        if (const QString installed = Installed(own); !installed.isEmpty())
+        if (QString installed = Installed(own); !installed.isEmpty())
             return installed;
     }
     const FontFamily known = FamilyOf(plain.toStdU16String());
     for (const auto& candidates :
          {FontsLike(plain), FontsOf(family == FontFamily::Nil ? known : family), FontsOf(FontFamily::Swiss)})
     {
-        if (const QString installed = FirstInstalled(candidates); !installed.isEmpty())
+        if (QString installed = FirstInstalled(candidates); !installed.isEmpty())
             return installed;
     }
     return m_families.isEmpty() ? QString() : QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
@@ -131,7 +131,7 @@ QString QtFontHost::FirstInstalled(std::span<const std::u16string_view> names) c
 {
     for (const std::u16string_view name : names)
     {
-        if (const QString installed = Installed(ToQString(name)); !installed.isEmpty())
+        if (QString installed = Installed(ToQString(name)); !installed.isEmpty())
             return installed;
     }
     return {};
