@@ -128,27 +128,27 @@ bool TextBox::TypeDelete()
     return !IsTableMark(m_state->document, behind) && m_state->DeleteAsUser(behind);
 }
 
-bool TextBox::TypeOver(TextRange given, std::u16string_view text)
+bool TextBox::TypeOver(TextRange range, std::u16string_view text)
 {
-    const TextRange range = Snapped(m_state->document, given);
+    const TextRange snapped = Snapped(m_state->document, range);
     if (text.empty())
-        return m_state->DeleteAsUser(range);
-    if (!m_state->MayEdit(range))
+        return m_state->DeleteAsUser(snapped);
+    if (!m_state->MayEdit(snapped))
         return false;
-    const std::u16string_view fitting = m_state->WithinMaxLength(text, range.Length());
+    const std::u16string_view fitting = m_state->WithinMaxLength(text, snapped.Length());
     const std::int32_t length = LengthInDocument(fitting);
-    if (length == 0 || m_state->document.Size() - range.Length() > kMaxTextUnits - length)
+    if (length == 0 || m_state->document.Size() - snapped.Length() > kMaxTextUnits - length)
         return false;
-    const Location at = m_state->document.Locate(range.begin);
+    const Location at = m_state->document.Locate(snapped.begin);
     const Paragraph& paragraph = m_state->document.ParagraphAt(at.paragraph);
     // At the caret it is typing like any other; elsewhere the text takes the format of what it replaces.
-    const bool isAtCaret = m_state->Range() == TextRange{range.begin, range.begin};
+    const bool isAtCaret = m_state->Range() == TextRange{snapped.begin, snapped.begin};
     CharFormat format = isAtCaret
                             ? m_state->FormatToInsert()
                             : m_state->document.FormatOf(paragraph.FormatAt(static_cast<std::uint32_t>(at.offset)));
     format.protectedText = false;
-    Document next = WithText(m_state->document, range, fitting, m_state->document.SharedFormats().Intern(format));
-    m_state->Edit(std::move(next), {range.begin.value + length, 0}, StepKind::Typing);
+    Document next = WithText(m_state->document, snapped, fitting, m_state->document.SharedFormats().Intern(format));
+    m_state->Edit(std::move(next), {snapped.begin.value + length, 0}, StepKind::Typing);
     return fitting.size() == text.size();
 }
 

@@ -42,6 +42,6 @@ private:
 };
 
 /// A number for the look of a line: equal for lines that look the same.
-std::uint64_t LookOf(const ParagraphLayout& layout, std::uint32_t line);
+std::uint64_t LookOf(const ParagraphLayout& layout, std::uint32_t index);
 
 }  // namespace quillmarker

@@ -150,7 +150,7 @@ struct RichTextView::State
 
     // view_commands.cpp: what keys and menus do.
     void Run(const KeyCommand& command);
-    void Run(KeyMotion motion);
+    void Run(KeyMotion key);
     void Run(KeyAction action);
     [[nodiscard]] bool SelectFromTo(Position anchor, CaretPosition caret, std::optional<Fine> column = std::nullopt);
     void TypeText(const QString& text);
