@@ -86,6 +86,8 @@ public:
     QString SelRTF() const;
     void SetSelRTF(const QString& rtf);
 
+    // The names of the parameters say the units; the definitions, which are alike, have one name for all.
+    // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
     QVariant SelBold() const;
     void SetSelBold(const QVariant& on);
     QVariant SelItalic() const;
@@ -117,6 +119,7 @@ public:
     void SetSelRightIndent(const QVariant& twips);
     QVariant SelTabCount() const;
     void SetSelTabCount(const QVariant& count);
+    // NOLINTEND(readability-inconsistent-declaration-parameter-name)
     Q_INVOKABLE QVariant SelTabs(int index) const;
     Q_INVOKABLE void SetSelTabs(int index, int twips);
 

@@ -2,6 +2,7 @@
 
 #include <QMetaObject>
 #include <QScopedValueRollback>
+#include <QTimer>
 
 namespace quillmarker
 {
@@ -122,13 +123,10 @@ void RichTextView::State::RaiseHScroll()
     }
     if (std::exchange(isHScrollDue, true))
         return;
-    QMetaObject::invokeMethod(
-        &view,
-        [this] {
-            isHScrollDue = false;
-            Q_EMIT view.HScroll();
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, &view, [this] {
+        isHScrollDue = false;
+        Q_EMIT view.HScroll();
+    });
 }
 
 void RichTextView::State::RevealCaret()

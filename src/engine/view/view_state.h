@@ -111,7 +111,7 @@ struct RichTextView::State
     FlowHit HitAt(const QPoint& point);
     CaretPosition ShownCaret() const;
     QRect CaretRectangle(CaretPosition caret);
-    QRect CharacterRectangle(Position shown);
+    QRect CharacterRectangle(Position position);
     Position FromShown(Position position) const;
     Position ToShown(Position position) const;
     const CharFormat* FormatUnder(const FlowHit& hit) const;
