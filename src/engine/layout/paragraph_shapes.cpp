@@ -154,12 +154,11 @@ private:
     /// An object stands on the baseline.
     void MeasureObject(std::uint32_t offset)
     {
-        const auto& objects = m_paragraph.Extras().objects;
-        auto placed =
-            std::lower_bound(objects.begin(), objects.end(), offset, [](const PlacedObject& other, std::uint32_t at) {
-                return static_cast<std::uint32_t>(other.offset) < at;
-            });
-        for (; placed != objects.end() && static_cast<std::uint32_t>(placed->offset) == offset; ++placed)
+        const auto& placedObjects = m_paragraph.Extras().objects;
+        auto placed = std::lower_bound(
+            placedObjects.begin(), placedObjects.end(), offset,
+            [](const PlacedObject& other, std::uint32_t at) { return static_cast<std::uint32_t>(other.offset) < at; });
+        for (; placed != placedObjects.end() && static_cast<std::uint32_t>(placed->offset) == offset; ++placed)
         {
             const ObjectSize size = SizeOf(placed->object);
             m_shapes.advances[offset] = Bounded(size.width);
