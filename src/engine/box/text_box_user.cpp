@@ -1,6 +1,7 @@
 #include "engine/box/box_state.h"
 #include "engine/document/tree.h"
 #include "engine/document/unit_search.h"
+#include "engine/document/utf.h"
 
 #include <quillmarker/text_box.h>
 
@@ -12,10 +13,6 @@ namespace quillmarker
 namespace
 {
 
-bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-
 bool HasProtected(const Document& document, TextRange range)
 {
     const auto protectedText = CharFormatOver(document, range).protectedText;
@@ -26,15 +23,13 @@ bool HasProtected(const Document& document, TextRange range)
 TextRange CharacterBefore(const Document& document, Position at)
 {
     const std::u16string text = document.Text({at - 2, at});
-    const bool isPair = text.size() == 2 && (text == u"\r\n" || (IsHighSurrogate(text[0]) && IsLowSurrogate(text[1])));
-    return {at - std::min(isPair ? 2 : 1, at.value), at};
+    return {at - std::min(BeginsWithPair(text) ? 2 : 1, at.value), at};
 }
 
 TextRange CharacterBehind(const Document& document, Position at)
 {
     const std::u16string text = document.Text({at, at + 2});
-    const bool isPair = text.size() == 2 && (text == u"\r\n" || (IsHighSurrogate(text[0]) && IsLowSurrogate(text[1])));
-    return {at, at + std::min<std::int32_t>(isPair ? 2 : 1, static_cast<std::int32_t>(text.size()))};
+    return {at, at + std::min<std::int32_t>(BeginsWithPair(text) ? 2 : 1, static_cast<std::int32_t>(text.size()))};
 }
 
 /// Whether `range` is the end of a cell or of a row, which a key does not delete.
@@ -69,19 +64,9 @@ void TextBox::State::WriteUnprotected()
     insertion = format;
 }
 
-/// A line end and a pair of surrogates are not cut.
 std::u16string_view TextBox::State::WithinMaxLength(std::u16string_view text, std::int32_t over) const
 {
-    if (maxLength <= 0)
-        return text;
-    const std::int32_t room = std::max(maxLength - (document.Size() - over), 0);
-    std::size_t fits = text.size();
-    while (fits > 0 && LengthInDocument(text.substr(0, fits)) > room)
-        fits = std::min(fits - 1, static_cast<std::size_t>(room));
-    const bool cutsLineEnd = fits > 0 && fits < text.size() && text[fits - 1] == u'\r' && text[fits] == u'\n';
-    const bool cutsPair =
-        fits > 0 && fits < text.size() && IsHighSurrogate(text[fits - 1]) && IsLowSurrogate(text[fits]);
-    return text.substr(0, cutsLineEnd || cutsPair ? fits - 1 : fits);
+    return maxLength <= 0 ? text : StartThatFits(text, maxLength - (document.Size() - over));
 }
 
 std::int32_t TextBox::State::UserRoom(std::int32_t wanted) const

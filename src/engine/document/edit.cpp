@@ -5,6 +5,7 @@
 #include "engine/document/paragraph_builder.h"
 #include "engine/document/reinterned.h"
 #include "engine/document/tree.h"
+#include "engine/document/utf.h"
 
 #include <algorithm>
 #include <limits>
@@ -162,6 +163,21 @@ std::int32_t LengthInDocument(std::u16string_view text)
     ForEachLine(
         text, [&](std::u16string_view piece) { length += piece.size(); }, [&] { length += 2; });
     return static_cast<std::int32_t>(std::min<std::size_t>(length, std::numeric_limits<std::int32_t>::max()));
+}
+
+std::u16string_view StartThatFits(std::u16string_view text, std::int32_t room)
+{
+    std::size_t begin = 0;
+    while (begin < text.size())
+    {
+        const std::u16string_view rest = text.substr(begin);
+        const std::u16string_view next = rest.substr(0, BeginsWithPair(rest) ? 2 : 1);
+        room -= LengthInDocument(next);
+        if (room < 0)
+            break;
+        begin += next.size();
+    }
+    return text.substr(0, begin);
 }
 
 }  // namespace quillmarker

@@ -31,4 +31,8 @@ QUILLMARKER_CORE_EXPORT Document Slice(const Document&, TextRange range);
 /// The length that `text` has once it is in a document.
 std::int32_t LengthInDocument(std::u16string_view text);
 
+/// The longest start of `text` that takes no more than `room` units in a document. No line end and no pair of surrogates
+/// is cut.
+std::u16string_view StartThatFits(std::u16string_view text, std::int32_t room);
+
 }  // namespace quillmarker

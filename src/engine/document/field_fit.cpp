@@ -3,8 +3,10 @@
 #include "engine/document/format_edit.h"
 #include "engine/document/format_hash.h"
 
-#include <unordered_map>
+#include <algorithm>
+#include <optional>
 #include <unordered_set>
+#include <vector>
 
 namespace quillmarker
 {
@@ -30,6 +32,7 @@ Shared<Field> FieldAt(const Document& document, Position at)
     return document.FormatOf(id).field;
 }
 
+/// Walks the fields of a fragment as they are met. Equal fields are one as long as nothing stands between them.
 class FieldFit
 {
 public:
@@ -40,59 +43,65 @@ public:
                 m_neighbours.insert(*field);
     }
 
-    /// Meets a field of the fragment, `offset` units behind its start.
-    void Meet(const Shared<Field>& field, std::int32_t offset)
+    /// The field to put in place of the next one in the fragment, which begins `offset` units behind its start.
+    Shared<Field> Fitted(const Shared<Field>& field, std::int32_t offset)
     {
-        if (field && !m_fitted.contains(*field))
-        {
-            const Position at = m_range.begin + offset;
-            Fit(field, at < m_range.end ? FieldAt(m_document, at) : Shared<Field>());
-        }
-    }
+        std::vector<Shared<Field>> chain;
+        for (Shared<Field> part = field; part; part = part->outer)
+            chain.push_back(part);
+        std::ranges::reverse(chain);
 
-    bool ChangesSomething() const { return m_changes; }
+        const auto differing = std::ranges::mismatch(m_open, chain, {}, &OpenField::given).in1;
+        const auto kept = static_cast<std::size_t>(differing - m_open.begin());
+        const Shared<Field> closed = differing != m_open.end() ? differing->fitted : Shared<Field>();
+        m_open.erase(differing, m_open.end());
+        if (kept == chain.size())
+            return m_open.empty() ? field : m_open.back().fitted;
 
-    Shared<Field> Fitted(const Shared<Field>& field) const
-    {
-        const auto found = field ? m_fitted.find(*field) : m_fitted.end();
-        return found != m_fitted.end() ? found->second : field;
+        const Position at = m_range.begin + offset;
+        const Shared<Field> replaced = at < m_range.end ? FieldAt(m_document, at) : Shared<Field>();
+        Open(chain[kept], replaced, closed);
+        for (std::size_t level = kept + 1; level < chain.size(); ++level)
+            Open(chain[level], replaced, {});
+        return m_open.back().fitted;
     }
 
 private:
-    /// `replaced` is the field, if any, that stood where this one will. Fields hold each other to a bounded depth.
-    Shared<Field> Fit(const Shared<Field>& field, const Shared<Field>& replaced)
+    struct OpenField
     {
-        if (const auto known = m_fitted.find(*field); known != m_fitted.end())
-            return known->second;
-        Field wanted = *field;
-        if (wanted.outer)
-            wanted.outer = Fit(wanted.outer, replaced);
-        if (!TakeReplaced(wanted, replaced))
-            while (m_taken.contains(wanted) || m_neighbours.contains(wanted))
+        Shared<Field> given;
+        Shared<Field> fitted;
+    };
+
+    /// `replaced` is the field, if any, that stood where this one will; `before` the one that this one stands next to.
+    void Open(const Shared<Field>& given, const Shared<Field>& replaced, const Shared<Field>& before)
+    {
+        Field wanted = *given;
+        if (!m_open.empty())
+            wanted.outer = m_open.back().fitted;
+        const auto isBefore = [&](const Field& field) { return before && *before == field; };
+        if (const std::optional<std::uint32_t> serial = SerialOf(wanted, replaced, isBefore))
+            wanted.serial = *serial;
+        else
+            while (isBefore(wanted) || m_neighbours.contains(wanted))
                 ++wanted.serial;
-        m_taken.insert(wanted);
-        m_changes = m_changes || wanted != *field;
-        return m_fitted.emplace(*field, Shared(std::move(wanted))).first->second;
+        m_open.push_back({given, wanted == *given ? given : Shared(std::move(wanted))});
     }
 
-    bool TakeReplaced(Field& wanted, const Shared<Field>& replaced) const
+    /// The number of the field among `replaced` and those around it that is put back.
+    template <class IsBefore>
+    static std::optional<std::uint32_t> SerialOf(const Field& wanted, const Shared<Field>& replaced, IsBefore isBefore)
     {
         for (Shared<Field> candidate = replaced; candidate; candidate = candidate->outer)
-        {
-            if (!SameButForSerial(*candidate, wanted) || m_taken.contains(*candidate))
-                continue;
-            wanted.serial = candidate->serial;
-            return true;
-        }
-        return false;
+            if (SameButForSerial(*candidate, wanted) && !isBefore(*candidate))
+                return candidate->serial;
+        return std::nullopt;
     }
 
     const Document& m_document;
     TextRange m_range;
     std::unordered_set<Field, FieldHash> m_neighbours;
-    std::unordered_set<Field, FieldHash> m_taken;
-    std::unordered_map<Field, Shared<Field>, FieldHash> m_fitted;
-    bool m_changes = false;
+    std::vector<OpenField> m_open;  // those around the latest unit, the outermost first
 };
 
 }  // namespace
@@ -100,23 +109,14 @@ private:
 Document WithFieldsFitted(const Document& document, TextRange range, const Document& fragment)
 {
     FieldFit fit(document, range);
-    std::int32_t start = 0;
-    fragment.Visit(0, [&](const Paragraph& paragraph) {
-        std::int32_t begin = 0;
-        for (const Run& run : paragraph.Runs())
-        {
-            fit.Meet(fragment.FormatOf(run.format).field, start + begin);
-            begin = static_cast<std::int32_t>(run.end);
-        }
-        fit.Meet(fragment.FormatOf(paragraph.Ending().charFormat).field, start + begin);
-        start += paragraph.Length();
-        return true;
-    });
-    if (!fit.ChangesSomething())
-        return fragment;
-    return WithCharFormats(fragment, {{0}, {fragment.Size()}}, [&](CharFormat format) {
-        format.field = fit.Fitted(format.field);
-        return format;
+    return WithCharFormatsAlong(fragment, [&](CharFormatId id, Position at) {
+        const CharFormat& format = fragment.FormatOf(id);
+        Shared<Field> fitted = fit.Fitted(format.field, at.value);
+        if (fitted == format.field)
+            return id;
+        CharFormat changed = format;
+        changed.field = std::move(fitted);
+        return fragment.SharedFormats().Intern(std::move(changed));
     });
 }
 

@@ -269,6 +269,28 @@ Document WithCharFormats(const Document& document, TextRange range, const CharFo
         });
 }
 
+Document WithCharFormatsAlong(const Document& document, const FormatAlong& change)
+{
+    Position start;
+    const auto reformat = [&](const ParagraphRef& paragraph, std::int32_t) {
+        Position at = start;
+        auto map = [&](CharFormatId id) { return change(id, at); };
+        std::vector<Run> runs;
+        for (const Run& run : paragraph->Runs())
+        {
+            runs.push_back({run.end, map(run.format)});
+            at = start + static_cast<std::int32_t>(run.end);
+        }
+        ParagraphMark mark = paragraph->Ending();
+        mark.charFormat = map(mark.charFormat);
+        start = start + paragraph->Length();
+        if (mark == paragraph->Ending() && std::ranges::equal(runs, paragraph->Runs()))
+            return paragraph;
+        return Paragraph::Make(paragraph->Text(), runs, mark, paragraph->Extras());
+    };
+    return Reformatted(document, {0, document.ParagraphCount() - 1}, reformat);
+}
+
 Document WithParagraphFormats(const Document& document, TextRange range, const ParagraphFormatChange& change)
 {
     FormatMap<ParagraphFormatId, ParagraphFormatChange> map(document.SharedFormats(), change);

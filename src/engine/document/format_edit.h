@@ -33,6 +33,12 @@ using ParagraphFormatChange = std::function<ParagraphFormat(ParagraphFormat)>;
 Document WithCharFormats(const Document&, TextRange range, const CharFormatChange& change);
 Document WithParagraphFormats(const Document&, TextRange range, const ParagraphFormatChange& change);
 
+/// A format of the same document in place of one that characters from `at` on have, up to the next format.
+using FormatAlong = std::function<CharFormatId(CharFormatId, Position at)>;
+
+/// Every run and mark of the document in turn, where what is put depends on what was met before.
+Document WithCharFormatsAlong(const Document&, const FormatAlong& change);
+
 QUILLMARKER_CORE_EXPORT CharFormat Patched(CharFormat, const PartialCharFormat& patch);
 ParagraphFormat Patched(ParagraphFormat, const PartialParagraphFormat& patch);
 

@@ -100,17 +100,13 @@ char16_t* PutUtf16(char32_t character, char16_t* out)
     return out;
 }
 
-bool IsHigh(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-
-bool IsLow(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
 // Moves `at` behind the character.
 char32_t CharacterAt(std::u16string_view text, std::size_t& at)
 {
     const char16_t unit = text[at++];
-    if (IsHigh(unit) && at < text.size() && IsLow(text[at]))
+    if (IsHighSurrogate(unit) && at < text.size() && IsLowSurrogate(text[at]))
         return 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (char32_t{text[at++]} - 0xDC00);
-    return IsHigh(unit) || IsLow(unit) ? char32_t{kReplacement} : char32_t{unit};
+    return IsHighSurrogate(unit) || IsLowSurrogate(unit) ? char32_t{kReplacement} : char32_t{unit};
 }
 
 char* PutUtf8(char32_t character, char* out)

@@ -6,6 +6,17 @@
 namespace quillmarker
 {
 
+constexpr bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+
+constexpr bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+/// Whether `text` begins with two units that are edited as one: a CR LF or a pair of surrogates.
+constexpr bool BeginsWithPair(std::u16string_view text)
+{
+    return text.size() > 1 &&
+           ((text[0] == u'\r' && text[1] == u'\n') || (IsHighSurrogate(text[0]) && IsLowSurrogate(text[1])));
+}
+
 /// `text` as UTF-8. A surrogate without its partner becomes U+FFFD.
 std::string ToUtf8(std::u16string_view text);
 

@@ -3,6 +3,8 @@
 #include "paragraph_stops.h"
 #include "text_breaks.h"
 
+#include "engine/document/utf.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -122,7 +124,7 @@ TextRange JoinBetween(const Document& document, std::int32_t first, std::int32_t
 std::int32_t CodePointBefore(std::u16string_view text, std::int32_t offset)
 {
     const auto at = static_cast<std::size_t>(offset);
-    const bool isPair = at > 1 && (text[at - 1] & 0xFC00) == 0xDC00 && (text[at - 2] & 0xFC00) == 0xD800;
+    const bool isPair = at > 1 && IsLowSurrogate(text[at - 1]) && IsHighSurrogate(text[at - 2]);
     return offset - (isPair ? 2 : 1);
 }
 

@@ -1,5 +1,7 @@
 #include "text_change.h"
 
+#include "engine/document/utf.h"
+
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -8,9 +10,6 @@ namespace quillmarker
 {
 namespace
 {
-
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 /// Where the text of some neighbouring paragraphs lies.
 TextRange RangeOf(const Document& document, std::int32_t first, std::int32_t count)

@@ -1,6 +1,5 @@
 #include "view_state.h"
 
-#include <QMetaObject>
 #include <QScopedValueRollback>
 #include <QTimer>
 
@@ -15,14 +14,11 @@ void RichTextView::State::ScheduleRefresh()
     if (isRefreshDue || (isRefreshing && !isStale) || IsPaintingLocked())
         return;
     isRefreshDue = true;
-    QMetaObject::invokeMethod(
-        &view,
-        [this] {
-            isRefreshDue = false;
-            if (view.isVisible())
-                Refresh();
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, &view, [this] {
+        isRefreshDue = false;
+        if (view.isVisible())
+            Refresh();
+    });
 }
 
 void RichTextView::State::Refresh()

@@ -28,6 +28,8 @@ constexpr std::array kSamples = {
 \pard\intbl\itap1 b\cell{\trowd\cellx3000\row}\pard y\par})"},
     Sample{"Fields", R"({\rtf1 a{\field{\*\fldinst HYPERLINK "http://example.org"}{\fldrslt li{\b nk}}}b
 {\field{\*\fldinst PAGE}{\fldrslt 12}}{\field{\*\fldinst PAGE}{\fldrslt 34}}\par})"},
+    Sample{"EqualFieldsApart", R"({\rtf1{\field{\*\fldinst PAGE}{\fldrslt 12}}{\field{\*\fldinst PAGE}{\fldrslt 34}}-
+{\field{\*\fldinst PAGE}{\fldrslt 56\par 7}}\par{\field{\*\fldinst PAGE}{\fldrslt 89}}})"},
     Sample{"Pictures", R"({\rtf1 a{\pict\pngblip\picw2\pich1\picwgoal300\pichgoal150 89504e470d0a1a0a}b\par
 {\pict\wmetafile8\picw100\pich100 0100090000}\par})"},
     Sample{"Sections", R"({\rtf1{\header\pard h\par}a\par\sect\sectd\cols2 b\par c\sect\sectd d\par})"},

@@ -126,6 +126,15 @@ TEST(MaxLength, CutsNeitherALineEndNorAPair)
     EXPECT_EQ(Dump(box), "abc\n|");
 }
 
+TEST(MaxLength, CountsOnlyWhatIsPutIn)
+{
+    using namespace std::string_view_literals;
+    SampleBox box("abc|");
+    box.SetMaxLength(6);
+    EXPECT_FALSE(box.PasteText(u"\0\0x\0\0\0yz-"sv));
+    EXPECT_EQ(Dump(box), "abcxyz|");
+}
+
 TEST(MaxLength, DoesNotLimitTheHost)
 {
     SampleBox box("abc|");
