@@ -40,6 +40,19 @@ bool IsTableMark(const Document& document, TextRange range)
     return at.offset >= static_cast<std::int32_t>(paragraph.Text().size()) && paragraph.Ending().kind != Mark::Break;
 }
 
+/// What is written where something was deleted is in a field or hidden only if it stands inside of it.
+void LeaveWhatEnds(const Document& document, Position at, CharFormat& format)
+{
+    const Location place = document.Locate(at);
+    const Paragraph& paragraph = document.ParagraphAt(place.paragraph);
+    const auto offset = static_cast<std::uint32_t>(place.offset);
+    const CharFormat* before = offset > 0 ? &document.FormatOf(paragraph.FormatAt(offset - 1)) : nullptr;
+    const CharFormat& behind = document.FormatOf(paragraph.FormatAt(offset));
+    if (!before || !(before->field == format.field) || !(behind.field == format.field))
+        format.field = {};
+    format.hidden = format.hidden && before && before->hidden && behind.hidden;
+}
+
 }  // namespace
 
 bool TextBox::State::MayEdit(TextRange range) const
@@ -79,9 +92,11 @@ bool TextBox::State::DeleteAsUser(TextRange range)
     if (range.IsEmpty() || !MayEdit(range))
         return false;
     const Location begin = document.Locate(range.begin);
-    const CharFormat format =
+    CharFormat format =
         document.FormatOf(document.ParagraphAt(begin.paragraph).FormatAt(static_cast<std::uint32_t>(begin.offset)));
-    Edit(WithText(document, range, u"", {}), {range.begin.value, 0}, StepKind::Typing, format);
+    Document next = WithText(document, range, u"", {});
+    LeaveWhatEnds(next, range.begin, format);
+    Edit(std::move(next), {range.begin.value, 0}, StepKind::Typing, format);
     return true;
 }
 

@@ -96,28 +96,24 @@ void InfoEntry(Reader& reader, const Keyword& keyword, const Parameter&)
 /// Inside of itself it would cut what is kept of a date.
 void EnterInfo(Reader& reader, const Keyword&, const Parameter&)
 {
-    if (reader.HasOpenTime())
+    if (!reader.OpenTime().empty())
         return reader.SkipGroup();
     reader.Enter(Destination::Info);
 }
 
 void InfoTime(Reader& reader, const Keyword& keyword, const Parameter&)
 {
-    std::string& kept = reader.Properties().infoKept;
-    if (!reader.IsIn(Destination::Info) || kept.size() >= kMaxKeptOnce)
+    if (!reader.IsIn(Destination::Info) || reader.Properties().infoKept.size() >= kMaxKeptOnce)
         return reader.SkipGroup();
-    if (!reader.Enter(Destination::InfoTime))
-        return;
-    reader.OpenTime();
-    kept += '{';
-    kept += '\\';
-    kept += keyword.name;
+    // It is kept when it ends: a word that makes another destination of its group leaves no half of it.
+    if (reader.Enter(Destination::InfoTime))
+        reader.OpenTime() = "{\\" + std::string(keyword.name);
 }
 
 void InfoTimePart(Reader& reader, const Keyword& keyword, const Parameter& parameter)
 {
     if (reader.IsIn(Destination::InfoTime))
-        KeepWord(reader.Properties().infoKept, keyword.name, parameter, kMaxKeptOnce);
+        KeepWord(reader.OpenTime(), keyword.name, parameter, kMaxKeptOnce);
 }
 
 void InfoNumber(Reader& reader, const Keyword& keyword, const Parameter& parameter)

@@ -66,8 +66,8 @@ public:
     void SetListId(std::int32_t id) { m_listId = id; }
     void SetOverrideNumber(std::int32_t number) { m_overrideNumber = number; }
     void SetInfoKey(std::string_view key) { m_infoKey = key; }
-    bool HasOpenTime() const { return m_hasOpenTime; }
-    void OpenTime() { m_hasOpenTime = true; }
+    /// The date of \info that is under way, whatever groups stand in it; empty when there is none.
+    std::string& OpenTime() { return m_openTime; }
     bool IsInMainText() const { return m_stories.size() == 1; }
     void MakeNoteEndnote();
     void ResetChars();
@@ -193,7 +193,7 @@ private:
     DocumentFormat m_properties;
     Section m_section;
     std::string m_infoKey;
-    bool m_hasOpenTime = false;  // a date of \info is under way, whatever groups stand in it
+    std::string m_openTime;
     std::u16string m_infoText;
     std::vector<std::unique_ptr<Story>> m_stories;
     Body m_endedStory;

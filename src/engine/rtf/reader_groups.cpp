@@ -91,8 +91,7 @@ void Reader::EndDestination(const ReaderState& left)
         m_properties.info.emplace_back(m_infoKey, std::exchange(m_infoText, {}));
         break;
     case Destination::InfoTime:
-        m_properties.infoKept += '}';
-        m_hasOpenTime = false;
+        m_properties.infoKept += std::exchange(m_openTime, {}) + '}';
         break;
     case Destination::Picture:
         EndPicture();

@@ -240,5 +240,37 @@ TEST(ProtectedText, IsChangedByTheHost)
     EXPECT_EQ(other.Text(), u"");
 }
 
+TEST(Typing, BehindWhatWasDeletedIsHiddenOnlyInsideOfHiddenText)
+{
+    SampleBox box("a<h>b</h>|c");
+    box.TypeBackspace();
+    box.Type(u"x");
+    EXPECT_EQ(Dump(box), "ax|c");
+    SampleBox inside("<h>ab|c</h>");
+    inside.TypeBackspace();
+    inside.Type(u"x");
+    EXPECT_EQ(Dump(inside), "<h>ax|c</h>");
+}
+
+TEST(Typing, BehindWhatWasDeletedIsInAFieldOnlyInsideOfIt)
+{
+    const auto typedAfterDeleting = [](TextRange range) {
+        TextBox box;
+        box.SetTextRTF(u"{\\rtf1 a{\\field{\\*\\fldinst HYPERLINK \"http://example.org/\"}{\\fldrslt bcd}}e}");
+        box.Select({range.begin.value, range.Length()});
+        box.TypeDelete();
+        box.Type(u"x");
+        box.Select({range.begin.value, 1});
+        const Location at = box.Value().Locate(range.begin);
+        const Paragraph& paragraph = box.Value().ParagraphAt(at.paragraph);
+        EXPECT_EQ(paragraph.Text()[static_cast<std::size_t>(at.offset)], u'x');
+        return static_cast<bool>(box.Value().FormatOf(paragraph.FormatAt(static_cast<std::uint32_t>(at.offset))).field);
+    };
+    EXPECT_FALSE(typedAfterDeleting({{1}, {4}}));
+    EXPECT_FALSE(typedAfterDeleting({{1}, {2}}));
+    EXPECT_FALSE(typedAfterDeleting({{3}, {4}}));
+    EXPECT_TRUE(typedAfterDeleting({{2}, {3}}));
+}
+
 }  // namespace
 }  // namespace quillmarker

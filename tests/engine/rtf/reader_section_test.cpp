@@ -107,6 +107,12 @@ TEST(ReadInfo, PropertiesInsideOfADateAreNotReadIntoIt)
     EXPECT_EQ(document.Properties().infoKept, "{\\creatim\\yr2003\\sec32}");
 }
 
+TEST(ReadInfo, LeavesNoHalfOfADateWhoseGroupBecomesAnotherDestination)
+{
+    const Document document = ReadSample(R"({\info{\creatim\yr2003\do\mo1}{\revtim\yr2004}\version2}x)");
+    EXPECT_EQ(document.Properties().infoKept, "{\\revtim\\yr2004}\\version2");
+}
+
 TEST(ReadInfo, AFragmentBringsNoPropertiesOfADocument)
 {
     const Document fragment =

@@ -233,5 +233,25 @@ TEST_F(ScreenReader, ScrollsToAPart)
     EXPECT_TRUE(shown.contains(Text().characterRect(offset)));
 }
 
+TEST(AScreenReader, DeletesInAStepOfItsOwn)
+{
+    RichTextView view;
+    view.SetText(QStringLiteral("one two"));
+    view.Box().ClearHistory();
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&view);
+    ASSERT_NE(interface, nullptr);
+    view.SelectFromTo(1, 1);
+    view.Box().Type(u"x");
+    view.SelectFromTo(1, 2);
+    view.Box().Type(u"y");
+    interface->editableTextInterface()->deleteText(1, 2);
+    view.Box().Type(u"z");
+    EXPECT_EQ(view.Text(), QStringLiteral("ozne two"));
+    view.Undo();
+    EXPECT_EQ(view.Text(), QStringLiteral("one two"));
+    view.Undo();
+    EXPECT_EQ(view.Text(), QStringLiteral("oyne two"));
+}
+
 }  // namespace
 }  // namespace quillmarker
