@@ -12,6 +12,7 @@ from includes import folder_of, includes_of, resolved, sources_below
 PUBLIC = "include/quillmarker"
 PAGES = PUBLIC + "/pages"
 WIDGETS = PUBLIC + "/widgets"
+CONTROL = PUBLIC + "/rich_text_editor.h"
 ENGINE = ["src/engine/document", "src/engine/rtf", "src/engine/box"]
 SCREEN = ENGINE + [PAGES, WIDGETS, "src/engine/layout", "src/engine/view", "src/engine/platform"]
 SUBSYSTEMS = ["src/content", "src/format", "src/ruler", "src/print"]
@@ -21,6 +22,7 @@ ALLOWED = {
     PUBLIC: [],
     PAGES: [PUBLIC],
     WIDGETS: [PUBLIC, PAGES],
+    CONTROL: [WIDGETS],
     "src/engine/document": [],
     "src/engine/rtf": ENGINE[:1],
     "src/engine/box": ENGINE[:2],
@@ -31,9 +33,9 @@ ALLOWED = {
     "src/format": SCREEN,
     "src/ruler": SCREEN,
     "src/print": SCREEN,
-    "src/control": SCREEN + SUBSYSTEMS,
+    "src/control": SCREEN + SUBSYSTEMS + [CONTROL],
     "apps/quillmarker": [PAGES],
-    "apps/report-desk": [PAGES, WIDGETS],
+    "apps/report-desk": [PAGES, WIDGETS, CONTROL],
 }
 
 STANDARD_HEADER = re.compile(r"[a-z0-9_]+")

@@ -8,7 +8,7 @@ from includes import includes_of, resolved, sources_below
 NO_QT = ["include/quillmarker", "src/engine/document", "src/engine/rtf", "src/engine/box", "src/content"]
 
 # Public headers of the libraries that stand on Qt.
-QT_PUBLIC = ["include/quillmarker/pages", "include/quillmarker/widgets"]
+QT_PUBLIC = ["include/quillmarker/pages", "include/quillmarker/widgets", "include/quillmarker/rich_text_editor.h"]
 
 # <QString>, <QtGui/QFont>, <QtCore>, <qglobal.h>
 QT_HEADER = re.compile(r"(?:.*/)?Q[A-Z]\w*|Qt[A-Z]\w*(?:/.*)?|q[a-z]+\.h")
