@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -30,11 +31,15 @@ public:
 };
 
 /// A report being filled and edited: a text box, and the operations that hosts build reports with. Nothing thrown
-/// leaves it: each step of a member is tried on its own, a failing one is skipped and the next one runs.
+/// leaves it: each step of a member is tried on its own, a failing one is skipped and the next one runs. A handler or a
+/// hook may delete the report: what is left of the member does nothing.
 class QUILLMARKER_CORE_EXPORT Report
 {
 public:
     Report();
+    /// Over a box that somebody else owns, for longer than this lives, and whose Change he takes himself: BoxChanged is to
+    /// be called on it.
+    explicit Report(TextBox& box);
     ~Report();
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
@@ -88,12 +93,15 @@ public:
     int DefaultCharset() const;
     void SetDefaultCharset(int charset);
 
+    /// See Report(TextBox&).
+    void BoxChanged();
+
     /// Raised when the document changed, before Changed becomes true.
     std::function<void()> Change;
 
 private:
     struct State;
-    std::unique_ptr<State> m_state;
+    std::shared_ptr<State> m_state;
 };
 
 }  // namespace quillmarker

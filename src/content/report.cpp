@@ -9,17 +9,38 @@
 namespace quillmarker
 {
 
-Report::Report() : m_state(std::make_unique<State>(*this))
+Report::Report() : m_state(std::make_shared<State>())
 {
-    m_state->box.Change = [this] { m_state->OnChange(); };
-    m_state->defaultCharset = m_state->box.Font().charset;
+    m_state->report = this;
+    m_state->ownBox = std::make_unique<TextBox>();
+    m_state->box = m_state->ownBox.get();
+    m_state->box->Change = [state = std::weak_ptr(m_state)] {
+        if (const auto held = state.lock())
+            held->OnChange();
+    };
+    m_state->defaultCharset = m_state->box->Font().charset;
 }
 
-Report::~Report() = default;
+Report::Report(TextBox& box) : m_state(std::make_shared<State>())
+{
+    m_state->report = this;
+    m_state->box = &box;
+    m_state->defaultCharset = box.Font().charset;
+}
 
-TextBox& Report::Box() { return m_state->box; }
+Report::~Report()
+{
+    m_state->report = nullptr;
+    m_state->box = nullptr;
+    m_state->hooks = &m_state->noHooks;
+    m_state->ownBox.reset();
+}
 
-const TextBox& Report::Box() const { return m_state->box; }
+TextBox& Report::Box() { return *m_state->box; }
+
+const TextBox& Report::Box() const { return *m_state->box; }
+
+void Report::BoxChanged() { std::shared_ptr(m_state)->OnChange(); }
 
 void Report::SetHooks(ReportHooks* hooks) { m_state->hooks = hooks ? hooks : &m_state->noHooks; }
 
@@ -27,7 +48,7 @@ void Report::SetHooks(ReportHooks* hooks) { m_state->hooks = hooks ? hooks : &m_
 void Report::State::OnChange()
 {
     Attempt([&] {
-        if (const std::function<void()> handler = report.Change)
+        if (const std::function<void()> handler = report ? report->Change : nullptr)
             handler();
     });
     changed = true;
@@ -38,101 +59,111 @@ void Report::State::OnChange()
 void Report::State::BeginStep()
 {
     if (!std::exchange(isInStep, true))
-        box.BeginStep();
+        Try([](TextBox& known) { known.BeginStep(); });
 }
 
 void Report::State::EndStep()
 {
     if (std::exchange(isInStep, false))
-        box.EndStep();
+        Try([](TextBox& known) { known.EndStep(); });
+}
+
+void Report::State::SaveSnapshot()
+{
+    Try([&](const TextBox& known) { snapshot = {known.Value(), known.SelStart(), known.SelLength()}; });
+}
+
+void Report::State::SetRedraw(bool enabled)
+{
+    if (enabled)
+        EndStep();
+    else
+    {
+        SaveSnapshot();
+        BeginStep();
+    }
+    Lock(!enabled);
+    redrawEnabled = enabled;
+    Attempt([&] { hooks->PropertyChanged(u"Redraw"); });
 }
 
 std::u16string Report::TextString()
 {
-    m_state->Focus();
-    std::u16string text;
-    Attempt([&] { text = m_state->box.Text(); });
-    return text;
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    return state->Ask(std::u16string(), [](const TextBox& box) { return box.Text(); });
 }
 
 std::u16string Report::RTFString()
 {
-    m_state->Focus();
-    std::u16string rtf;
-    Attempt([&] { rtf = m_state->box.TextRTF(); });
-    return rtf;
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    return state->Ask(std::u16string(), [](const TextBox& box) { return box.TextRTF(); });
 }
 
 void Report::SelectText(int& start, int& finish)
 {
-    m_state->Focus();
-    const int length = m_state->box.TextLength();
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    const int length = state->Ask(0, [](const TextBox& box) { return box.TextLength(); });
     start = std::min(start, length);
     finish = std::min(finish, length);
-    Attempt([&] { m_state->box.SetSelStart(start); });
+    state->Try([&](TextBox& box) { box.SetSelStart(start); });
     const std::int64_t wanted = std::int64_t{finish == -1 ? length : finish} - start;
     const bool isLength = wanted == static_cast<int>(wanted);  // else the step fails and is skipped
     if (isLength)
-        Attempt([&] { m_state->box.SetSelLength(static_cast<int>(wanted)); });
+        state->Try([&](TextBox& box) { box.SetSelLength(static_cast<int>(wanted)); });
 }
 
 void Report::CursorStart()
 {
-    m_state->Focus();
-    Attempt([&] { m_state->box.SetSelStart(0); });
-    Attempt([&] { m_state->box.SetSelLength(0); });
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    state->Try([](TextBox& box) { box.SetSelStart(0); });
+    state->Try([](TextBox& box) { box.SetSelLength(0); });
 }
 
 void Report::CursorEnd()
 {
     constexpr int kBeyondAnyText = 2'147'483'600;
-    m_state->Focus();
-    Attempt([&] { m_state->box.SetSelStart(kBeyondAnyText); });
-    Attempt([&] { m_state->box.SetSelLength(0); });
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    state->Try([](TextBox& box) { box.SetSelStart(kBeyondAnyText); });
+    state->Try([](TextBox& box) { box.SetSelLength(0); });
 }
 
 void Report::Clear()
 {
-    m_state->Focus();
-    SetRedraw(false);
-    Attempt([&] { m_state->box.SetText(u""); });
-    SetRedraw(true);
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    state->SetRedraw(false);
+    state->Try([](TextBox& box) { box.SetText(u""); });
+    state->SetRedraw(true);
 }
 
 /// The restore happens while Redraw is false, so the snapshot taken at its begin survives and a second Undo goes back.
 void Report::Undo()
 {
-    m_state->Focus();
-    if (m_state->snapshot.selStart < 0)
-        return Attempt([&] { m_state->box.Undo(); });
-    const UndoSnapshot saved = m_state->snapshot;
-    SetRedraw(false);
-    Attempt([&] {
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    if (state->snapshot.selStart < 0)
+        return state->Try([](TextBox& box) { box.Undo(); });
+    const UndoSnapshot saved = state->snapshot;
+    state->SetRedraw(false);
+    state->Try([&](TextBox& box) {
         if (saved.document)
-            m_state->box.SetValue(*saved.document);
+            box.SetValue(*saved.document);
         else
-            m_state->box.SetText(u"");
+            box.SetText(u"");
     });
-    Attempt([&] { m_state->box.SetSelStart(saved.selStart); });
-    Attempt([&] { m_state->box.SetSelLength(saved.selLength); });
-    SetRedraw(true);
+    state->Try([&](TextBox& box) { box.SetSelStart(saved.selStart); });
+    state->Try([&](TextBox& box) { box.SetSelLength(saved.selLength); });
+    state->SetRedraw(true);
 }
 
 bool Report::Redraw() const { return m_state->redrawEnabled; }
 
-void Report::SetRedraw(bool enabled)
-{
-    if (enabled)
-        Attempt([&] { m_state->EndStep(); });
-    else
-    {
-        Attempt([&] { SaveUndoSnapshot(); });
-        Attempt([&] { m_state->BeginStep(); });
-    }
-    m_state->Lock(!enabled);
-    m_state->redrawEnabled = enabled;
-    Attempt([&] { m_state->hooks->PropertyChanged(u"Redraw"); });
-}
+void Report::SetRedraw(bool enabled) { std::shared_ptr(m_state)->SetRedraw(enabled); }
 
 bool Report::Changed() const { return m_state->changed; }
 
@@ -154,10 +185,7 @@ int Report::UndoSelStart() const { return m_state->snapshot.selStart; }
 
 int Report::UndoSelLength() const { return m_state->snapshot.selLength; }
 
-void Report::SaveUndoSnapshot()
-{
-    m_state->snapshot = {m_state->box.Value(), m_state->box.SelStart(), m_state->box.SelLength()};
-}
+void Report::SaveUndoSnapshot() { m_state->SaveSnapshot(); }
 
 void Report::DropUndoSnapshot() { m_state->snapshot.selStart = -1; }
 
@@ -169,32 +197,39 @@ int Report::State::Open(const std::filesystem::path& path, FileKind kind)
 {
     FileError error = FileError::OutOfMemory;
     std::optional<Document> opened;
-    Attempt([&] {
-        LoadedDocument loaded = LoadDocument(path, kind, box.Font());
+    Try([&](const TextBox& known) {
+        LoadedDocument loaded = LoadDocument(path, kind, known.Font());
         error = loaded.error;
         opened = std::move(loaded.document);
     });
     if (!opened)
         return static_cast<int>(error);
     Focus();
-    Attempt([&] { box.OpenValue(*opened); });
+    Try([&](TextBox& known) { known.OpenValue(*opened); });
     snapshot.selStart = -1;
     changed = false;
     Refresh();
     return 0;
 }
 
-int Report::OpenFileRTF(const std::filesystem::path& FileName) { return m_state->Open(FileName, FileKind::Rtf); }
+int Report::OpenFileRTF(const std::filesystem::path& FileName)
+{
+    return std::shared_ptr(m_state)->Open(FileName, FileKind::Rtf);
+}
 
-int Report::OpenFileText(const std::filesystem::path& FileName) { return m_state->Open(FileName, FileKind::Text); }
+int Report::OpenFileText(const std::filesystem::path& FileName)
+{
+    return std::shared_ptr(m_state)->Open(FileName, FileKind::Text);
+}
 
 int Report::SaveFileRTF(const std::filesystem::path& FileName)
 {
-    m_state->Focus();
+    const std::shared_ptr state = m_state;
+    state->Focus();
     FileError error = FileError::OutOfMemory;
-    Attempt([&] { error = m_state->box.SaveFile(FileName); });
+    state->Try([&](const TextBox& box) { error = box.SaveFile(FileName); });
     if (error == FileError::None)
-        m_state->changed = false;
+        state->changed = false;
     return static_cast<int>(error);
 }
 

@@ -13,13 +13,13 @@ bool Report::State::SelectMarker(std::u16string_view marker)
     if (marker.empty())
         return true;
     std::optional<Position> found;
-    Attempt([&] {
-        const Document& document = box.Value();
-        found = DocumentSearch(marker, MatchCase::No).First(document, {{box.SelStart()}, {document.Size()}});
+    Try([&](const TextBox& known) {
+        const Document& document = known.Value();
+        found = DocumentSearch(marker, MatchCase::No).First(document, {{known.SelStart()}, {document.Size()}});
     });
     // Apart from the search: a handler that fails when the selection moves does not unfind the marker.
     if (found)
-        Attempt([&] { box.Find(marker, found->value); });
+        Try([&](TextBox& known) { known.Find(marker, found->value); });
     return found.has_value();
 }
 
@@ -29,32 +29,39 @@ int Report::State::InsertAt(std::u16string_view marker, Insert insert)
     Focus();
     if (!SelectMarker(marker))
         return -1;
-    Attempt([&] { report.SaveUndoSnapshot(); });
-    Attempt(insert);
-    const int caret = box.SelStart();
+    SaveSnapshot();
+    Try(insert);
+    const int caret = SelStart();
     Refresh();
     return caret;
 }
 
 void Report::State::ResetCharset()
 {
-    BoxFont font = box.Font();
-    font.charset = static_cast<std::int16_t>(defaultCharset);
-    if (!(font == box.Font()))
-        box.SetFont(font);
+    Try([&](TextBox& known) {
+        BoxFont font = known.Font();
+        font.charset = static_cast<std::int16_t>(defaultCharset);
+        if (!(font == known.Font()))
+            known.SetFont(font);
+    });
+}
+
+int Report::State::InsertRtf(std::u16string_view marker, const std::function<void(TextBox&)>& insert)
+{
+    const int caret = InsertAt(marker, insert);
+    if (caret >= 0)
+        ResetCharset();
+    return caret;
 }
 
 int Report::InsertStringRTF(std::u16string_view richtext, std::u16string_view FindText)
 {
-    const int caret = m_state->InsertAt(FindText, [&] { m_state->box.SetSelRTF(richtext); });
-    if (caret >= 0)
-        Attempt([&] { m_state->ResetCharset(); });
-    return caret;
+    return std::shared_ptr(m_state)->InsertRtf(FindText, [&](TextBox& box) { box.SetSelRTF(richtext); });
 }
 
 int Report::InsertStringText(std::u16string_view txt, std::u16string_view FindText)
 {
-    return m_state->InsertAt(FindText, [&] { m_state->box.SetSelText(txt); });
+    return std::shared_ptr(m_state)->InsertAt(FindText, [&](TextBox& box) { box.SetSelText(txt); });
 }
 
 int Report::InsertFileRTF(const std::filesystem::path& FileName, std::u16string_view FindText)
@@ -63,10 +70,7 @@ int Report::InsertFileRTF(const std::filesystem::path& FileName, std::u16string_
     Attempt([&] { file = ReadFile(FileName); });
     if (file.error != FileError::None)
         return -static_cast<int>(file.error);
-    const int caret = m_state->InsertAt(FindText, [&] { m_state->box.SetSelRTFBytes(file.bytes); });
-    if (caret >= 0)
-        Attempt([&] { m_state->ResetCharset(); });
-    return caret;
+    return std::shared_ptr(m_state)->InsertRtf(FindText, [&](TextBox& box) { box.SetSelRTFBytes(file.bytes); });
 }
 
 namespace
@@ -93,69 +97,68 @@ void HideLast(TextBox& box, std::u16string_view text)
 
 int Report::InsertStringHidden(std::u16string_view txth, std::u16string_view LF)
 {
-    TextBox& box = m_state->box;
-    m_state->Focus();
-    int start = box.SelStart();
-    int length = box.SelLength();
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    int start = state->SelStart();
+    int length = state->SelLength();
     const int hiddenLength = static_cast<int>(txth.size());
-    Attempt([&] { box.SetSelText(txth); });
-    Attempt([&] { HideLast(box, txth); });
+    state->Try([&](TextBox& box) { box.SetSelText(txth); });
+    state->Try([&](TextBox& box) { HideLast(box, txth); });
 
-    Attempt([&] { box.SetSelStart(start); });
-    Attempt([&] { box.SetSelLength(hiddenLength); });
+    state->Try([&](TextBox& box) { box.SetSelStart(start); });
+    state->Try([&](TextBox& box) { box.SetSelLength(hiddenLength); });
     std::optional<Colour> colour;
-    Attempt([&] { colour = box.SelColor(); });
-    Attempt([&] { box.SetSelColor(box.BackColor()); });
-    Attempt([&] { box.SetSelLength(length); });
-    Attempt([&] { box.SetSelStart(start + hiddenLength); });
+    state->Try([&](const TextBox& box) { colour = box.SelColor(); });
+    state->Try([&](TextBox& box) { box.SetSelColor(box.BackColor()); });
+    state->Try([&](TextBox& box) { box.SetSelLength(length); });
+    state->Try([&](TextBox& box) { box.SetSelStart(start + hiddenLength); });
     if (colour)
-        Attempt([&] { box.SetSelColor(*colour); });
+        state->Try([&](TextBox& box) { box.SetSelColor(*colour); });
 
-    start = box.SelStart();
-    length = box.SelLength();
+    start = state->SelStart();
+    length = state->SelLength();
     const int lineLength = static_cast<int>(LF.size());
-    Attempt([&] { box.SetSelText(LF); });
-    Attempt([&] { box.SetSelStart(start); });
+    state->Try([&](TextBox& box) { box.SetSelText(LF); });
+    state->Try([&](TextBox& box) { box.SetSelStart(start); });
     // The first length is overridden at once: nothing is done with the selection it makes, and hosts see both changes.
-    Attempt([&] { box.SetSelLength(lineLength); });
-    Attempt([&] { box.SetSelLength(length); });
-    Attempt([&] { box.SetSelStart(start + lineLength); });
-    const int caret = box.SelStart();
-    m_state->Refresh();
+    state->Try([&](TextBox& box) { box.SetSelLength(lineLength); });
+    state->Try([&](TextBox& box) { box.SetSelLength(length); });
+    state->Try([&](TextBox& box) { box.SetSelStart(start + lineLength); });
+    const int caret = state->SelStart();
+    state->Refresh();
     return caret;
 }
 
 std::u16string Report::PreviousField(std::u16string_view Prefix, std::u16string_view Suffix, bool RTFcode)
 {
-    m_state->Focus();
-    m_state->Lock(true);
-    m_state->redrawEnabled = false;
+    const std::shared_ptr state = m_state;
+    state->Focus();
+    state->Lock(true);
+    state->redrawEnabled = false;
     std::u16string field;
-    int start = m_state->box.SelStart();
-    const int length = m_state->box.SelLength();
+    int start = state->SelStart();
+    const int length = state->SelLength();
     const bool isPossible = !Prefix.empty() && !Suffix.empty();
     if (isPossible && start < 2)
-        start = m_state->box.TextLength();
+        start = state->Ask(start, [](const TextBox& box) { return box.TextLength(); });
     if (isPossible && RTFcode)
     {
         // The range begins at position 1, not 0: a contract with hosts.
-        std::u16string source;
-        Attempt([&] { m_state->box.SetSelStart(1); });
-        Attempt([&] { m_state->box.SetSelLength(start); });
-        Attempt([&] { source = m_state->box.SelRTF(); });
-        Attempt([&] { field = FieldInSource(source, Prefix, Suffix); });
+        state->Try([](TextBox& box) { box.SetSelStart(1); });
+        state->Try([&](TextBox& box) { box.SetSelLength(start); });
+        state->Try([&](const TextBox& box) { field = FieldInSource(box.SelRTF(), Prefix, Suffix); });
     }
     else if (isPossible)
-        Attempt([&] { field = FieldInText(m_state->box.Value(), start, Prefix, Suffix); });
+        state->Try([&](const TextBox& box) { field = FieldInText(box.Value(), start, Prefix, Suffix); });
     if (RTFcode)
     {
-        Attempt([&] { m_state->box.SetSelStart(start); });
-        Attempt([&] { m_state->box.SetSelLength(length); });
+        state->Try([&](TextBox& box) { box.SetSelStart(start); });
+        state->Try([&](TextBox& box) { box.SetSelLength(length); });
     }
-    Attempt([&] { m_state->EndStep(); });
-    m_state->Lock(false);
-    m_state->redrawEnabled = true;
-    m_state->Focus();
+    state->EndStep();
+    state->Lock(false);
+    state->redrawEnabled = true;
+    state->Focus();
     return field;
 }
 
