@@ -71,9 +71,10 @@ void Writer::WriteBody(const Body& body, LastMark lastMark)
         if (IsRowStart(paragraphs, i))
             WriteRowStart(paragraphs, i);
         const bool isLast = i + 1 == paragraphs.size();
-        // An open end is read as standing outside of tables.
+        // An open end is read as standing outside of tables and of fields.
+        const ParagraphMark& mark = paragraphs[i]->Ending();
         const bool leavesOut = lastMark == LastMark::LeftOutUnlessEmpty && !paragraphs[i]->Text().empty() &&
-                               paragraphs[i]->Ending().tableDepth == 0;
+                               mark.tableDepth == 0 && !m_document.FormatOf(mark.charFormat).field;
         WriteParagraph(*paragraphs[i]);
         if (isLast && lastMark == LastMark::LeftOut)
             break;

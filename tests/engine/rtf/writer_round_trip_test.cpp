@@ -29,6 +29,8 @@ constexpr NamedSource kSources[] = {
                   R"({\result\pard\plain\b shown\par more}}b\par)"},
     {"an object without result", R"({\object\objocx{\*\objdata 00}}\par)"},
     {"an object with an empty result", R"({\object\objemb{\*\objdata 00}{\result}}\par)"},
+    {"an object whose result ends in a field",
+     R"({\object\objemb{\result{\field{\*\fldinst A}{\fldrslt\li240 a\par\li480 b\par}}}}\par)"},
     {"objects in objects",
      R"({\object\objemb{\result a{\object\objlink{\*\objdata 01}{\result{\pict\pngblip 00}}}b}}\par)"},
     {"a footnote", R"(a{\footnote\pard\plain\i note\par two}b{\footnote\ftnalt end}\par)"},
