@@ -1,6 +1,6 @@
 #pragma once
 
-#include "content/attempt.h"
+#include "engine/box/attempt.h"
 
 #include <quillmarker/report.h>
 

@@ -1,0 +1,83 @@
+#include "clipboard_cleaning.h"
+#include "editor_state.h"
+
+#include <cmath>
+#include <limits>
+
+namespace quillmarker
+{
+namespace
+{
+
+/// As a whole number, halves to even; empty when it is none or too large.
+std::optional<int> Rounded(double value)
+{
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<int>::min() && rounded <= std::numeric_limits<int>::max()))
+        return std::nullopt;
+    return static_cast<int>(rounded);
+}
+
+}  // namespace
+
+void EditorState::SetShown(bool& field, bool shown, const QString& key)
+{
+    field = shown;
+    Try([&] { Q_EMIT editor->PropertyChanged(key); });
+    LayoutChildren();
+}
+
+void EditorState::SetInches(bool value)
+{
+    inches = value;
+    Try([&] { Q_EMIT editor->PropertyChanged(QStringLiteral("Inches")); });
+    DrawRuler(RulerReading::Reread);
+}
+
+float EditorState::MarginInUnits(int margin) const { return static_cast<float>(margin / labelStep); }
+
+void EditorState::SetMargin(int& margin, float value, const QString& key)
+{
+    if (const std::optional<int> twips = Rounded(static_cast<double>(value) * labelStep))
+        margin = *twips;
+    Try([&] { Q_EMIT editor->PropertyChanged(key); });
+}
+
+// A copy of two characters or more, and any cut of a selection, rewrites the clipboard. The thresholds differ on purpose.
+
+void EditorState::Copy()
+{
+    constexpr int kShortestCleaned = 2;
+    FocusText();
+    Try([&] { engine->RichTextView::Copy(); });
+    Try([&] { services.pendingEvents->Process(); });
+    Try([&] {
+        if (engine->SelLength() >= kShortestCleaned)
+            CleanClipboard(*services.clipboard, *services.pendingEvents);
+    });
+}
+
+void EditorState::Cut()
+{
+    FocusText();
+    bool hadSelection = false;
+    Try([&] { hadSelection = engine->SelLength() > 0; });
+    Try([&] { engine->RichTextView::Cut(); });
+    Try([&] { services.pendingEvents->Process(); });
+    if (hadSelection)
+        Try([&] { CleanClipboard(*services.clipboard, *services.pendingEvents); });
+}
+
+void EditorState::Paste()
+{
+    FocusText();
+    Try([&] { engine->RichTextView::Paste(); });
+}
+
+void EditorState::Delete()
+{
+    FocusText();
+    Try([&] { engine->RichTextView::Clear(); });
+}
+
+}  // namespace quillmarker
