@@ -1,5 +1,7 @@
 #include "font_substitutes.h"
 
+#include "engine/document/font_twins.h"
+
 #include <algorithm>
 #include <array>
 
@@ -10,21 +12,23 @@ namespace
 
 using Names = std::span<const std::u16string_view>;
 
-constexpr std::array<std::u16string_view, 8> kSans = {u"Liberation Sans", u"Arial",     u"Arimo",       u"Helvetica",
-                                                      u"Nimbus Sans",     u"Noto Sans", u"DejaVu Sans", u"Segoe UI"};
-constexpr std::array<std::u16string_view, 8> kSerif = {
-    u"Liberation Serif", u"Times New Roman", u"Tinos",        u"Times",
-    u"Nimbus Roman",     u"Noto Serif",      u"DejaVu Serif", u"Georgia"};
-constexpr std::array<std::u16string_view, 8> kMono = {u"Liberation Mono",  u"Courier New",    u"Cousine",
-                                                      u"Courier",          u"Nimbus Mono PS", u"Noto Sans Mono",
-                                                      u"DejaVu Sans Mono", u"Consolas"};
+using Name = std::u16string_view;
+
+template <std::size_t first, std::size_t second>
+constexpr std::array<Name, first + second> Joined(const std::array<Name, first>& twins,
+                                                  const std::array<Name, second>& lookAlikes)
+{
+    std::array<Name, first + second> all;
+    std::ranges::copy(lookAlikes, std::ranges::copy(twins, all.begin()).out);
+    return all;
+}
+
+constexpr auto kSans = Joined(kSansTwins, std::array<Name, 3>{u"Noto Sans", u"DejaVu Sans", u"Segoe UI"});
+constexpr auto kSerif = Joined(kSerifTwins, std::array<Name, 3>{u"Noto Serif", u"DejaVu Serif", u"Georgia"});
+constexpr auto kMono = Joined(kMonoTwins, std::array<Name, 3>{u"Noto Sans Mono", u"DejaVu Sans Mono", u"Consolas"});
+constexpr auto kNarrow = Joined(kNarrowTwins, std::array<Name, 1>{u"DejaVu Sans Condensed"});
 constexpr std::array<std::u16string_view, 4> kScript = {u"Z003", u"URW Chancery L", u"Monotype Corsiva",
                                                         u"Apple Chancery"};
-constexpr std::array<std::u16string_view, 4> kNarrow = {u"Liberation Sans Narrow", u"Arial Narrow",
-                                                        u"Nimbus Sans Narrow", u"DejaVu Sans Condensed"};
-constexpr std::array<std::u16string_view, 2> kCalibri = {u"Carlito", u"Calibri"};
-constexpr std::array<std::u16string_view, 2> kCambria = {u"Caladea", u"Cambria"};
-constexpr std::array<std::u16string_view, 2> kGeorgia = {u"Gelasio", u"Georgia"};
 constexpr std::array<std::u16string_view, 3> kWideSans = {u"DejaVu Sans", u"Verdana", u"Bitstream Vera Sans"};
 constexpr std::array<std::u16string_view, 3> kPalatino = {u"P052", u"Palatino", u"TeX Gyre Pagella"};
 constexpr std::array<std::u16string_view, 3> kBookman = {u"URW Bookman", u"Bookman", u"TeX Gyre Bonum"};
@@ -44,15 +48,15 @@ constexpr std::array kLikeFonts = {
     LikeFont{u"Arial Unicode MS", kSans},
     LikeFont{u"Book Antiqua", kPalatino},
     LikeFont{u"Bookman Old Style", kBookman},
-    LikeFont{u"Calibri", kCalibri},
-    LikeFont{u"Cambria", kCambria},
+    LikeFont{u"Calibri", kCalibriTwins},
+    LikeFont{u"Cambria", kCambriaTwins},
     LikeFont{u"Century Gothic", kGothic},
     LikeFont{u"Century Schoolbook", kSchoolbook},
     LikeFont{u"Consolas", kMono},
     LikeFont{u"Courier", kMono},
     LikeFont{u"Courier New", kMono},
     LikeFont{u"Fixedsys", kMono},
-    LikeFont{u"Georgia", kGeorgia},
+    LikeFont{u"Georgia", kGeorgiaTwins},
     LikeFont{u"Helv", kSans},
     LikeFont{u"Helvetica", kSans},
     LikeFont{u"Helvetica Narrow", kNarrow},
