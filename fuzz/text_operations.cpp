@@ -175,7 +175,7 @@ void EditSession::ReplaceAllRtf(ByteScript& script)
 
 void EditSession::InsertPicture(ByteScript&)
 {
-    Picture picture;
+    InlinePicture picture;
     picture.kind = PictureKind::Png;
     picture.width = 1;
     picture.height = 1;

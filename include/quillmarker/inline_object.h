@@ -15,7 +15,7 @@ enum class PictureKind : std::uint8_t { Png, Jpeg, Emf, Wmf, Dib, Ddb, MacPict, 
 
 /// A picture as the file holds it. Nothing of it is decoded here: the bytes are kept as they are, so that a picture
 /// neither grows nor loses quality when it is saved.
-struct Picture
+struct InlinePicture
 {
     PictureKind kind = PictureKind::Other;
     std::int32_t mapping = 0;  // of a WMF: its mapping mode (\wmetafile); of a bitmap: its number (\dibitmap, \wbitmap)
@@ -29,7 +29,7 @@ struct Picture
     std::string kept;                                // further control words, saved again
     Shared<std::string> bytes;
 
-    bool operator==(const Picture&) const = default;
+    bool operator==(const InlinePicture&) const = default;
 };
 
 /// An embedded or linked object. Only its result is ever shown; its data is kept and never run.
@@ -60,6 +60,6 @@ struct Note
 };
 
 /// What a character U+FFFC of a paragraph stands for.
-using InlineObject = std::variant<Picture, EmbeddedObject, Note>;
+using InlineObject = std::variant<InlinePicture, EmbeddedObject, Note>;
 
 }  // namespace quillmarker

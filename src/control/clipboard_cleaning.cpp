@@ -1,7 +1,7 @@
 #include "clipboard_cleaning.h"
 
-#include "engine/box/attempt.h"
 #include "content/strip_markers.h"
+#include "engine/box/attempt.h"
 #include "engine/platform/clipboard.h"
 
 namespace quillmarker

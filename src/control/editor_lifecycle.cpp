@@ -4,7 +4,9 @@
 #include "scroll_relay.h"
 #include "status_bar_widget.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QToolBar>
 
 #include <cmath>
@@ -146,7 +148,7 @@ void EditorState::FormatEmptyDocument()
     Attempt([&] { box.SetSelLength(2); });
     Attempt([&] { box.SetSelFontName(u"Arial"); });
     Attempt([&] { box.SetSelFontSize(10); });
-    Attempt([&] { box.SetSelAlignment(BoxAlignment::Left); });
+    Attempt([&] { box.SetSelAlignment(kAlignLeft); });
     Attempt([&] { box.SetSelLength(0); });
 }
 

@@ -4,6 +4,7 @@
 #include "editor_view_widget.h"
 #include "engine/box/attempt.h"
 #include "format/empty_selection.h"
+#include "key_policy.h"
 
 #include <quillmarker/report.h>
 #include <quillmarker/rich_text_editor.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <qnamespace.h>
+#include <Qt>
 
 #include <cstdint>
 #include <optional>

@@ -194,8 +194,7 @@ QString RichTextEditor::TextString() const
 
 void RichTextEditor::SetToolbar(bool shown)
 {
-    Tell(m_state,
-         [=](EditorState& state) { state.SetShown(state.showsToolbar, shown, QStringLiteral("Toolbar")); });
+    Tell(m_state, [=](EditorState& state) { state.SetShown(state.showsToolbar, shown, QStringLiteral("Toolbar")); });
 }
 
 bool RichTextEditor::Toolbar() const { return m_state->showsToolbar; }

@@ -183,7 +183,7 @@ TEST_P(Peers, KeepPictureAndLink)
     int pictures = 0;
     document.Visit(0, [&](const Paragraph& paragraph) {
         for (const PlacedObject& placed : paragraph.Extras().objects)
-            pictures += std::holds_alternative<Picture>(*placed.object) ? 1 : 0;
+            pictures += std::holds_alternative<InlinePicture>(*placed.object) ? 1 : 0;
         return true;
     });
     EXPECT_EQ(pictures, 1);

@@ -242,7 +242,8 @@ std::string DumpSample(const Document& document) { return Writing(document, std:
 
 InlineObject SamplePicture()
 {
-    return Picture{.kind = PictureKind::Png, .width = 1, .height = 1, .bytes = Shared(std::string("\x89PNG sample"))};
+    return InlinePicture{
+        .kind = PictureKind::Png, .width = 1, .height = 1, .bytes = Shared(std::string("\x89PNG sample"))};
 }
 
 }  // namespace quillmarker

@@ -79,7 +79,7 @@ private:
 
     void PutObject(const InlineObject& object)
     {
-        if (const auto* picture = std::get_if<Picture>(&object))
+        if (const auto* picture = std::get_if<InlinePicture>(&object))
             Line(std::string("picture ") + kPictureNames[static_cast<std::size_t>(picture->kind)] + DumpOf(*picture));
         else if (const auto* embedded = std::get_if<EmbeddedObject>(&object))
             PutNested("object" + DumpOf(*embedded), embedded->result);

@@ -206,9 +206,9 @@ std::string DumpOf(const Section& section)
     return out;
 }
 
-std::string DumpOf(const Picture& picture)
+std::string DumpOf(const InlinePicture& picture)
 {
-    const Picture usual{};
+    const InlinePicture usual{};
     std::string out;
     Put(out, "mapping", picture.mapping, usual.mapping);
     Put(out, "width", picture.width, usual.width);

@@ -19,7 +19,7 @@ std::string DumpOf(const CharFormat&);
 std::string DumpOf(const ParagraphFormat&);
 std::string DumpOf(const TableRow&);
 std::string DumpOf(const Section&);
-std::string DumpOf(const Picture&);
+std::string DumpOf(const InlinePicture&);
 std::string DumpOf(const EmbeddedObject&);
 
 /// Lines of their own.

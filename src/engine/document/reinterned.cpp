@@ -90,7 +90,7 @@ Body FormatTransfer::operator()(const Body& body)
 
 Shared<InlineObject> FormatTransfer::operator()(const Shared<InlineObject>& object)
 {
-    if (!object || IsIdentity() || std::holds_alternative<Picture>(*object))
+    if (!object || IsIdentity() || std::holds_alternative<InlinePicture>(*object))
         return object;
     InlineObject carried = *object;
     if (auto* embedded = std::get_if<EmbeddedObject>(&carried))

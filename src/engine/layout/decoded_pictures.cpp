@@ -13,7 +13,7 @@ constexpr qsizetype kMostBytes = qsizetype{192} * 1024 * 1024;
 constexpr qsizetype kWeightOfAny = qsizetype{64} * 1024;  // so that pictures that cannot be read are bounded too
 
 // What decides about the pixels; for all but a device-dependent bitmap these are the bytes alone.
-bool HaveSamePixels(const Picture& a, const Picture& b)
+bool HaveSamePixels(const InlinePicture& a, const InlinePicture& b)
 {
     return a.bytes.Identity() == b.bytes.Identity() && a.kind == b.kind && a.width == b.width && a.height == b.height &&
            a.kept == b.kept;
@@ -35,7 +35,7 @@ qsizetype DecodedPictures::Entry::Weight() const
     return kWeightOfAny + source + pixels.sizeInBytes() + reduced.sizeInBytes();
 }
 
-DecodedPictures::Entries::iterator DecodedPictures::Find(const Picture& picture)
+DecodedPictures::Entries::iterator DecodedPictures::Find(const InlinePicture& picture)
 {
     const auto found = std::find_if(m_entries.begin(), m_entries.end(),
                                     [&](const Entry& entry) { return HaveSamePixels(entry.picture, picture); });
@@ -58,7 +58,7 @@ void DecodedPictures::Trim()
     m_entries.erase(entry, m_entries.end());
 }
 
-QImage DecodedPictures::Pixels(const Picture& picture)
+QImage DecodedPictures::Pixels(const InlinePicture& picture)
 {
     {
         const std::lock_guard lock(m_mutex);
@@ -76,7 +76,7 @@ QImage DecodedPictures::Pixels(const Picture& picture)
     return pixels;
 }
 
-QImage DecodedPictures::Reduced(const Picture& picture, QSize size)
+QImage DecodedPictures::Reduced(const InlinePicture& picture, QSize size)
 {
     QImage pixels = Pixels(picture);
     if (!IsReducedMuch(pixels.size(), size))

@@ -19,10 +19,10 @@ public:
     explicit DecodedPictures(qsizetype mostBytes) : m_mostBytes(mostBytes) {}
 
     /// See DecodeBitmap.
-    QImage Pixels(const Picture& picture);
+    QImage Pixels(const InlinePicture& picture);
 
     /// The pixels reduced to `size`, smoothly; as they are when that would not reduce them much.
-    QImage Reduced(const Picture& picture, QSize size);
+    QImage Reduced(const InlinePicture& picture, QSize size);
 
     /// What all of it holds in memory, about.
     qsizetype Weight() const;
@@ -31,7 +31,7 @@ private:
     struct Entry
     {
         // The bytes are held so that no other ones can take their address.
-        Picture picture;
+        InlinePicture picture;
         QImage pixels;
         QImage reduced;
 
@@ -39,7 +39,7 @@ private:
     };
     using Entries = std::list<Entry>;
 
-    Entries::iterator Find(const Picture& picture);
+    Entries::iterator Find(const InlinePicture& picture);
     void Trim();
 
     qsizetype m_mostBytes;

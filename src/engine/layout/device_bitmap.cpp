@@ -97,7 +97,7 @@ private:
 
 }  // namespace
 
-QImage DecodeDeviceBitmap(const Picture& picture)
+QImage DecodeDeviceBitmap(const InlinePicture& picture)
 {
     const std::int64_t width = picture.width;
     const std::int64_t height = picture.height;

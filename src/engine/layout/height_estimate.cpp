@@ -13,7 +13,7 @@ namespace
 constexpr Fine kMostHeight = static_cast<Fine>(kMaxPictureTwips) * kFinePerTwip;
 
 /// The height that a picture asks for; its bytes are not looked at.
-Fine HeightOf(const Picture& picture)
+Fine HeightOf(const InlinePicture& picture)
 {
     constexpr Fine kTwipsPerPixel = 15;
     constexpr Fine kMostGoal = std::numeric_limits<std::int32_t>::max();
@@ -27,7 +27,7 @@ Fine HeightOf(const Picture& picture)
 
 Fine HeightOf(const InlineObject& object)
 {
-    if (const auto* picture = std::get_if<Picture>(&object))
+    if (const auto* picture = std::get_if<InlinePicture>(&object))
         return HeightOf(*picture);
     if (const auto* embedded = std::get_if<EmbeddedObject>(&object))
         return std::clamp<Fine>(ToFine(embedded->height), 0, kMostHeight);

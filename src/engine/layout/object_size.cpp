@@ -21,7 +21,7 @@ Fine Bounded(Twips length, Twips otherwise)
     return ToFine(std::min(shown, Twips{static_cast<std::int32_t>(kMaxPictureTwips)}));
 }
 
-ObjectSize SizeOfPicture(const Picture& picture)
+ObjectSize SizeOfPicture(const InlinePicture& picture)
 {
     const QSizeF size = ShownSize(picture);
     return {static_cast<Fine>(std::llround(size.width() * kFinePerTwip)),
@@ -39,7 +39,7 @@ Shared<InlineObject> PictureOfResult(const EmbeddedObject& object)
     Document().Nested(object.result).Visit(0, [&](const Paragraph& paragraph) {
         if (paragraph.HasExtras())
             for (const PlacedObject& placed : paragraph.Extras().objects)
-                if (!found && std::holds_alternative<Picture>(*placed.object))
+                if (!found && std::holds_alternative<InlinePicture>(*placed.object))
                     found = placed.object;
         return !found && ++seen < kParagraphs;
     });
@@ -59,7 +59,7 @@ Shared<InlineObject> ShownObject(const Shared<InlineObject>& object)
 ObjectSize SizeOf(const Shared<InlineObject>& object)
 {
     const Shared<InlineObject> shown = ShownObject(object);
-    if (const auto* picture = std::get_if<Picture>(&*shown))
+    if (const auto* picture = std::get_if<InlinePicture>(&*shown))
         return SizeOfPicture(*picture);
     if (const auto* embedded = std::get_if<EmbeddedObject>(&*shown))
         return {Bounded(embedded->width, kObjectSide), Bounded(embedded->height, kObjectSide)};

@@ -32,7 +32,7 @@ enum class ObjectKind : std::uint8_t { None, Picture, EmbeddedObject, Note };
 struct RecordedObject
 {
     ObjectKind kind = ObjectKind::None;
-    Picture picture;
+    InlinePicture picture;
     std::uint32_t bytes = 0;  // index; kNoBytes: the picture has none
 };
 constexpr std::uint32_t kNoBytes = 0xFFFFFFFF;
@@ -136,7 +136,7 @@ private:
     {
         if (!object)
             return {};
-        const auto* picture = std::get_if<Picture>(&*object);
+        const auto* picture = std::get_if<InlinePicture>(&*object);
         if (picture == nullptr)
             return {.kind = std::holds_alternative<Note>(*object) ? ObjectKind::Note : ObjectKind::EmbeddedObject};
         RecordedObject recorded = {ObjectKind::Picture, *picture, BytesIndex(picture->bytes)};

@@ -76,11 +76,11 @@ public:
 
     void operator()(const PlacedPicture& placed)
     {
-        static const Picture kPlaceholder;
+        static const InlinePicture kPlaceholder;
         const QRectF rectangle = m_surface.Mapped(placed.rectangle);
         if (!m_surface.Sees(rectangle) || rectangle.isEmpty())
             return;
-        const auto* picture = placed.object ? std::get_if<Picture>(&*placed.object) : nullptr;
+        const auto* picture = placed.object ? std::get_if<InlinePicture>(&*placed.object) : nullptr;
         PaintPicture(m_surface.Painter(), rectangle, picture != nullptr ? *picture : kPlaceholder);
     }
 

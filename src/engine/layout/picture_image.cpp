@@ -24,7 +24,7 @@ constexpr qreal kUnknownSide = 300;  // of a picture about whose size nothing is
 // What a crop leaves must be more than this part of the picture.
 constexpr qreal kLeastLeft = 0.001;
 
-std::string_view BytesOf(const Picture& picture)
+std::string_view BytesOf(const InlinePicture& picture)
 {
     return picture.bytes ? std::string_view(*picture.bytes) : std::string_view();
 }
@@ -70,7 +70,7 @@ QSizeF SizeIn(QSize pixels, QSizeF dotsPerInch)
 bool IsMetafile(PictureKind kind) { return kind == PictureKind::Emf || kind == PictureKind::Wmf; }
 
 // The size that the bytes state; empty where they state none.
-QSizeF OwnSize(const Picture& picture)
+QSizeF OwnSize(const InlinePicture& picture)
 {
     const std::string_view bytes = BytesOf(picture);
     if (const BitmapFormat format = FormatOf(bytes); format != BitmapFormat::None)
@@ -84,7 +84,7 @@ QSizeF OwnSize(const Picture& picture)
 }
 
 // In twips, before scaling and cropping, for a picture that states no goal.
-QSizeF NaturalSize(const Picture& picture)
+QSizeF NaturalSize(const InlinePicture& picture)
 {
     const qreal unit = IsMetafile(picture.kind) ? kTwipsPerHundredthMillimetre : kTwipsPerPixel;
     const QSizeF stated(picture.width * unit, picture.height * unit);
@@ -94,7 +94,7 @@ QSizeF NaturalSize(const Picture& picture)
 }
 
 // In twips, before scaling and cropping.
-QSizeF FullSize(const Picture& picture)
+QSizeF FullSize(const InlinePicture& picture)
 {
     QSizeF size(picture.goalWidth.value, picture.goalHeight.value);
     if (size.isEmpty())
@@ -111,17 +111,17 @@ qreal Scaled(qreal length, std::int32_t percent)
     return std::clamp(length * (percent > 0 ? percent : 100) / 100, 1.0, kMaxPictureTwips);
 }
 
-qreal Across(const Picture& picture) { return qreal(picture.cropLeft.value) + picture.cropRight.value; }
-qreal Down(const Picture& picture) { return qreal(picture.cropTop.value) + picture.cropBottom.value; }
+qreal Across(const InlinePicture& picture) { return qreal(picture.cropLeft.value) + picture.cropRight.value; }
+qreal Down(const InlinePicture& picture) { return qreal(picture.cropTop.value) + picture.cropBottom.value; }
 
-bool IsCropped(const Picture& picture)
+bool IsCropped(const InlinePicture& picture)
 {
     return picture.cropLeft.value != 0 || picture.cropRight.value != 0 || picture.cropTop.value != 0 ||
            picture.cropBottom.value != 0;
 }
 
 // Where the whole picture would be if what is left of it by its crop fills `rectangle`; empty when nothing is left.
-QRectF WholeRectangle(const QRectF& rectangle, const Picture& picture)
+QRectF WholeRectangle(const QRectF& rectangle, const InlinePicture& picture)
 {
     if (!IsCropped(picture))
         return rectangle;
@@ -145,7 +145,7 @@ QSize DevicePixels(const QPainter& painter, const QRectF& rectangle)
     return transform.mapRect(rectangle).size().toSize();
 }
 
-bool PaintBitmap(QPainter& painter, const QRectF& rectangle, const QRectF& whole, const Picture& picture)
+bool PaintBitmap(QPainter& painter, const QRectF& rectangle, const QRectF& whole, const InlinePicture& picture)
 {
     const QImage image = PaintedPictures().Reduced(picture, DevicePixels(painter, whole));
     const QRectF target = rectangle & whole;
@@ -160,13 +160,13 @@ bool PaintBitmap(QPainter& painter, const QRectF& rectangle, const QRectF& whole
     return true;
 }
 
-bool PaintMetafile(QPainter& painter, const QRectF& rectangle, const QRectF& whole, const Picture& picture)
+bool PaintMetafile(QPainter& painter, const QRectF& rectangle, const QRectF& whole, const InlinePicture& picture)
 {
     painter.setClipRect(rectangle, Qt::IntersectClip);
     return PlayMetafile(painter, whole, BytesOf(picture), {picture.mapping, picture.width, picture.height});
 }
 
-bool IsBitmap(const Picture& picture)
+bool IsBitmap(const InlinePicture& picture)
 {
     return FormatOf(BytesOf(picture)) != BitmapFormat::None || picture.kind == PictureKind::Dib ||
            picture.kind == PictureKind::Ddb;
@@ -184,14 +184,14 @@ void PaintPlaceholder(QPainter& painter, const QRectF& rectangle)
 
 }  // namespace
 
-QSizeF ShownSize(const Picture& picture)
+QSizeF ShownSize(const InlinePicture& picture)
 {
     const QSizeF full = FullSize(picture);
     return {Scaled(full.width() - Across(picture), picture.scaleX),
             Scaled(full.height() - Down(picture), picture.scaleY)};
 }
 
-QImage DecodeBitmap(const Picture& picture)
+QImage DecodeBitmap(const InlinePicture& picture)
 {
     const std::string_view bytes = BytesOf(picture);
     if (const BitmapFormat format = FormatOf(bytes); format != BitmapFormat::None)
@@ -204,7 +204,7 @@ QImage DecodeBitmap(const Picture& picture)
     return header ? BitmapReading(BmpFileOf(bytes, *header), BitmapFormat::Bmp).Read() : QImage();
 }
 
-void PaintPicture(QPainter& painter, const QRectF& rectangle, const Picture& picture)
+void PaintPicture(QPainter& painter, const QRectF& rectangle, const InlinePicture& picture)
 {
     const QRectF whole = WholeRectangle(rectangle, picture);
     painter.save();

@@ -352,13 +352,13 @@ void PictureAs(Reader& reader, const Keyword&, const Parameter& parameter)
     reader.PictureNow().picture.mapping = hasNumber ? parameter.value : 0;
 }
 
-template <std::int32_t Picture::*field>
+template <std::int32_t InlinePicture::*field>
 void PictureNumber(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     reader.PictureNow().picture.*field = parameter.value;
 }
 
-template <Twips Picture::*field>
+template <Twips InlinePicture::*field>
 void PictureLength(Reader& reader, const Keyword&, const Parameter& parameter)
 {
     reader.PictureNow().picture.*field = Length(parameter.value);

@@ -25,7 +25,7 @@ private:
 /// A picture whose group is open.
 struct PictureReading
 {
-    Picture picture;
+    InlinePicture picture;
     HexReading bytes;
 };
 

@@ -57,7 +57,7 @@ private:
     void WriteMark(const Paragraph& paragraph);
     void WriteSection(const Section& section);
     void WriteObject(const InlineObject& object);
-    void WritePicture(const Picture& picture);
+    void WritePicture(const InlinePicture& picture);
     void WriteEmbedded(const EmbeddedObject& object);
     void WriteNote(const Note& note);
 

@@ -21,14 +21,14 @@ constexpr std::array kKindWords = {
 
 struct LengthWord
 {
-    Twips Picture::*field;
+    Twips InlinePicture::*field;
     const char* word;
 };
 
 constexpr std::array kLengthWords = {
-    LengthWord{&Picture::goalWidth, "picwgoal"}, LengthWord{&Picture::goalHeight, "pichgoal"},
-    LengthWord{&Picture::cropLeft, "piccropl"},  LengthWord{&Picture::cropTop, "piccropt"},
-    LengthWord{&Picture::cropRight, "piccropr"}, LengthWord{&Picture::cropBottom, "piccropb"},
+    LengthWord{&InlinePicture::goalWidth, "picwgoal"}, LengthWord{&InlinePicture::goalHeight, "pichgoal"},
+    LengthWord{&InlinePicture::cropLeft, "piccropl"},  LengthWord{&InlinePicture::cropTop, "piccropt"},
+    LengthWord{&InlinePicture::cropRight, "piccropr"}, LengthWord{&InlinePicture::cropBottom, "piccropb"},
 };
 
 void AppendNamed(std::string& out, const char* word, std::u16string_view text)
@@ -46,7 +46,7 @@ void AppendNamed(std::string& out, const char* word, std::u16string_view text)
 
 void Writer::WriteObject(const InlineObject& object)
 {
-    if (const auto* picture = std::get_if<Picture>(&object))
+    if (const auto* picture = std::get_if<InlinePicture>(&object))
         WritePicture(*picture);
     else if (const auto* embedded = std::get_if<EmbeddedObject>(&object))
         WriteEmbedded(*embedded);
@@ -54,7 +54,7 @@ void Writer::WriteObject(const InlineObject& object)
         WriteNote(std::get<Note>(object));
 }
 
-void Writer::WritePicture(const Picture& picture)
+void Writer::WritePicture(const InlinePicture& picture)
 {
     m_out += "{\\pict";
     const KindWord& kind = kKindWords[static_cast<std::size_t>(picture.kind)];

@@ -6,6 +6,7 @@
 #include "engine/rtf/text_escape.h"
 
 #include <array>
+#include <tuple>
 
 namespace quillmarker
 {
@@ -178,7 +179,8 @@ void WriterTables::GatherStyle(StyleKind kind, const Name& style)
 void WriterTables::Gather(const StyleDefinition& definition)
 {
     const CharFormat& chars = definition.chars;
-    if (!chars.font.IsEmpty())
+    const CharFormat unstated;
+    if (std::tie(chars.font, chars.charset, chars.family) != std::tie(unstated.font, unstated.charset, unstated.family))
         GatherFont(chars.font, chars.charset, chars.family);
     Gather(chars.colour);
     Gather(chars.highlight);

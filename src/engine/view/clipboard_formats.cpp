@@ -32,13 +32,13 @@ QString Type(const char* name) { return QString::fromLatin1(name); }
 TextRange All(const Document& document) { return {{0}, {document.Size()}}; }
 
 /// The picture that the range is, if it is nothing else.
-const Picture* OnlyPicture(const Document& document, TextRange range)
+const InlinePicture* OnlyPicture(const Document& document, TextRange range)
 {
     if (range.Length() != 1)
         return nullptr;
     const Location at = document.Locate(range.begin);
     const InlineObject* object = document.ParagraphAt(at.paragraph).ObjectAt(static_cast<std::uint32_t>(at.offset));
-    return object ? std::get_if<Picture>(object) : nullptr;
+    return object ? std::get_if<InlinePicture>(object) : nullptr;
 }
 
 /// What a reader sees, for programs that know no formats: hidden text is left out, lines end as Qt's text does.
@@ -79,13 +79,13 @@ bool InsertRichText(TextBox& box, const QByteArray& rtf)
     return box.PasteRTFBytes({rtf.constData(), static_cast<std::size_t>(rtf.size())});
 }
 
-std::optional<Picture> PictureFrom(const QMimeData& data)
+std::optional<InlinePicture> PictureFrom(const QMimeData& data)
 {
     for (const char* type : kPictureTypes)
     {
         if (!data.hasFormat(Type(type)))
             continue;
-        if (std::optional<Picture> picture = PictureOfBytes(data.data(Type(type))))
+        if (std::optional<InlinePicture> picture = PictureOfBytes(data.data(Type(type))))
             return picture;
     }
     return data.hasImage() ? PictureOf(qvariant_cast<QImage>(data.imageData())) : std::nullopt;
@@ -135,7 +135,7 @@ QVariant DocumentMimeData::retrieveData(const QString& mimeType, QMetaType) cons
     }
     if (mimeType == Type(kImageType))
     {
-        const Picture* picture = OnlyPicture(Fragment(), All(Fragment()));
+        const InlinePicture* picture = OnlyPicture(Fragment(), All(Fragment()));
         return picture ? QVariant(ImageOf(*picture)) : QVariant();
     }
     return QByteArray::fromStdString(WriteRtf(Fragment(), RtfScope::Fragment));
@@ -159,7 +159,7 @@ bool InsertMimeData(TextBox& box, const QMimeData& data)
 {
     if (const QByteArray rtf = RichTextOf(data); IsRtf({rtf.constData(), static_cast<std::size_t>(rtf.size())}))
         return InsertRichText(box, rtf);
-    if (std::optional<Picture> picture = PictureFrom(data))
+    if (std::optional<InlinePicture> picture = PictureFrom(data))
         return box.PasteObject(std::move(*picture));
     if (data.hasFormat(Type(kHtmlType)))
     {

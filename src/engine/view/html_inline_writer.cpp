@@ -101,7 +101,7 @@ void HtmlInlineWriter::WriteObject(const InlineObject* object)
 {
     if (!object)
         return;
-    if (const auto* picture = std::get_if<Picture>(object))
+    if (const auto* picture = std::get_if<InlinePicture>(object))
         return WritePicture(*picture);
     const auto* embedded = std::get_if<EmbeddedObject>(object);
     if (!embedded || embedded->result.IsAbsent() || m_nesting >= kMaxNesting)
@@ -117,7 +117,7 @@ void HtmlInlineWriter::WriteObject(const InlineObject* object)
     });
 }
 
-void HtmlInlineWriter::WritePicture(const Picture& picture)
+void HtmlInlineWriter::WritePicture(const InlinePicture& picture)
 {
     const std::optional<PortablePicture> portable = PortableForm(picture);
     if (!portable)

@@ -26,7 +26,7 @@ public:
 private:
     void WriteRun(const Paragraph& paragraph, std::uint32_t begin, std::uint32_t end, const CharFormat& format);
     void WriteObject(const InlineObject* object);
-    void WritePicture(const Picture& picture);
+    void WritePicture(const InlinePicture& picture);
     void SetLink(const std::u16string& target);
 
     const Document& m_document;

@@ -201,7 +201,7 @@ void HtmlWalk::ReadPicture(const QTextImageFormat& format, CharFormatId id)
 {
     if (m_pixels > kMaxPicturePixels)
         return;  // small files can hold a great many pixels
-    std::optional<Picture> picture = PictureOfBytes(BytesOfUri(format.name()));
+    std::optional<InlinePicture> picture = PictureOfBytes(BytesOfUri(format.name()));
     if (!picture)
         return;
     m_pixels += qint64(picture->width) * picture->height;

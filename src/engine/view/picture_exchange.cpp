@@ -17,7 +17,7 @@ namespace
 constexpr double kTwipsPerMetre = 1440 / 0.0254;
 constexpr int kDefaultDpi = 96;
 
-QByteArray BytesOf(const Picture& picture)
+QByteArray BytesOf(const InlinePicture& picture)
 {
     return picture.bytes ? QByteArray::fromRawData(picture.bytes->data(), static_cast<qsizetype>(picture.bytes->size()))
                          : QByteArray();
@@ -49,7 +49,7 @@ Twips Goal(int pixels, int perMetre)
 }
 
 /// A metafile as it is shown, without its crop's rounding: painted once at a resolution that prints well.
-QImage Played(const Picture& picture)
+QImage Played(const InlinePicture& picture)
 {
     const QSizeF pixels = ShownSize(picture) * kMetafileDpi / 1440.0;
     const QSize size = pixels.toSize().expandedTo(QSize(1, 1));
@@ -66,11 +66,14 @@ QImage Played(const Picture& picture)
     return image;
 }
 
-bool IsMetafile(const Picture& picture) { return picture.kind == PictureKind::Emf || picture.kind == PictureKind::Wmf; }
+bool IsMetafile(const InlinePicture& picture)
+{
+    return picture.kind == PictureKind::Emf || picture.kind == PictureKind::Wmf;
+}
 
 }  // namespace
 
-std::optional<PortablePicture> PortableForm(const Picture& picture)
+std::optional<PortablePicture> PortableForm(const InlinePicture& picture)
 {
     const QByteArray bytes = BytesOf(picture);
     switch (KindOf(bytes))
@@ -88,13 +91,13 @@ std::optional<PortablePicture> PortableForm(const Picture& picture)
     return PortablePicture{"image/png", AsPng(image)};
 }
 
-QImage ImageOf(const Picture& picture) { return IsMetafile(picture) ? Played(picture) : DecodeBitmap(picture); }
+QImage ImageOf(const InlinePicture& picture) { return IsMetafile(picture) ? Played(picture) : DecodeBitmap(picture); }
 
-std::optional<Picture> PictureOf(const QImage& image)
+std::optional<InlinePicture> PictureOf(const QImage& image)
 {
     if (image.isNull() || qint64(image.width()) * image.height() > kMaxPicturePixels)
         return std::nullopt;
-    Picture picture;
+    InlinePicture picture;
     picture.kind = PictureKind::Png;
     picture.width = image.width();
     picture.height = image.height();
@@ -104,7 +107,7 @@ std::optional<Picture> PictureOf(const QImage& image)
     return picture;
 }
 
-std::optional<Picture> PictureOfBytes(QByteArray bytes)
+std::optional<InlinePicture> PictureOfBytes(QByteArray bytes)
 {
     const PictureKind kind = KindOf(bytes);
     if (kind == PictureKind::Other)
@@ -119,7 +122,7 @@ std::optional<Picture> PictureOfBytes(QByteArray bytes)
     const QImage image = reader.read();
     if (image.isNull())
         return std::nullopt;
-    Picture picture;
+    InlinePicture picture;
     picture.kind = kind;
     picture.width = image.width();
     picture.height = image.height();

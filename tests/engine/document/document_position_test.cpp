@@ -128,7 +128,7 @@ TEST(DocumentPositions, TheCharacterOfAnObjectLeadsToIt)
     EXPECT_EQ(last.Text(), u"e\uFFFC");
     EXPECT_EQ(last.ObjectAt(0), nullptr);
     ASSERT_NE(last.ObjectAt(1), nullptr);
-    EXPECT_EQ(std::get<Picture>(*last.ObjectAt(1)).kind, PictureKind::Png);
+    EXPECT_EQ(std::get<InlinePicture>(*last.ObjectAt(1)).kind, PictureKind::Png);
     EXPECT_EQ(last.ObjectAt(2), nullptr);
 }
 

@@ -50,7 +50,7 @@ TEST(PictureBytes, OfOtherFormatsAreNotEvenTried)
     const std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"></svg>";
     for (const std::string& bytes : {svg, std::string("P6 1 1 255 abc"), std::string(), std::string("\x89PNG")})
         EXPECT_TRUE(DecodeBitmap(PictureOf(PictureKind::Png, bytes)).isNull()) << bytes;
-    EXPECT_TRUE(DecodeBitmap(Picture()).isNull());
+    EXPECT_TRUE(DecodeBitmap(InlinePicture()).isNull());
 }
 
 TEST(Dib, LacksOnlyItsFileHeader)

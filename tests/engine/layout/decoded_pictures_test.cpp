@@ -16,7 +16,7 @@ namespace
 TEST(DecodedPictures, DecodeABitmapOnceAndReduceItOnceForASize)
 {
     DecodedPictures pictures(1 << 24);
-    const Picture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(400, 400), "PNG"));
+    const InlinePicture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(400, 400), "PNG"));
     EXPECT_EQ(pictures.Pixels(picture).cacheKey(), pictures.Pixels(picture).cacheKey());
     const QImage reduced = pictures.Reduced(picture, QSize(100, 100));
     EXPECT_EQ(reduced.size(), QSize(100, 100));
@@ -39,15 +39,15 @@ TEST(DecodedPictures, AreBoundedByWhatTheyHold)
         pictures.Pixels(PictureOf(PictureKind::Png, "broken"));
     EXPECT_LE(pictures.Weight(), kMost);
     DecodedPictures tiny(1);
-    const Picture picture = PictureOf(PictureKind::Png, png);
+    const InlinePicture picture = PictureOf(PictureKind::Png, png);
     EXPECT_EQ(tiny.Pixels(picture).cacheKey(), tiny.Pixels(picture).cacheKey()) << "the newest stays";
 }
 
 TEST(DecodedPictures, TakeOtherNumbersForOtherDeviceBitmaps)
 {
     DecodedPictures pictures(1 << 20);
-    const Picture wide = DeviceBitmap(16, 1, "", std::string("\xFF\x00\xFF\x00", 4));
-    Picture tall = wide;
+    const InlinePicture wide = DeviceBitmap(16, 1, "", std::string("\xFF\x00\xFF\x00", 4));
+    InlinePicture tall = wide;
     tall.width = 8;
     tall.height = 2;
     EXPECT_EQ(pictures.Pixels(wide).size(), QSize(16, 1));
@@ -58,7 +58,7 @@ TEST(DecodedPictures, ServeSeveralThreads)
 {
     DecodedPictures pictures(1 << 20);
     const std::string png = EncodedAs(Quarters(100, 100), "PNG");
-    std::vector<Picture> shared;
+    std::vector<InlinePicture> shared;
     for (int i = 0; i < 20; ++i)
         shared.push_back(PictureOf(PictureKind::Png, png));
     std::atomic<int> wrong = 0;

@@ -131,15 +131,15 @@ void PlayWithNumbersReplaced(const std::string& bytes, std::size_t step)
     }
 }
 
-std::vector<Picture> MetafilesOf(const std::filesystem::path& report)
+std::vector<InlinePicture> MetafilesOf(const std::filesystem::path& report)
 {
     std::ifstream stream(report, std::ios::binary);
     const std::string rtf{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    std::vector<Picture> found;
+    std::vector<InlinePicture> found;
     ReadRtf(std::string_view(rtf)).Visit(0, [&](const Paragraph& paragraph) {
         for (const PlacedObject& placed : paragraph.Extras().objects)
         {
-            const auto* const picture = std::get_if<Picture>(&*placed.object);
+            const auto* const picture = std::get_if<InlinePicture>(&*placed.object);
             if (picture && (picture->kind == PictureKind::Emf || picture->kind == PictureKind::Wmf) && picture->bytes)
                 found.push_back(*picture);
         }
@@ -312,7 +312,7 @@ TEST(HostileMetafile, MetafilesOfOthersDrawWholeAndCut)
     {
         if (entry.path().extension() != ".rtf")
             continue;
-        for (const Picture& picture : MetafilesOf(entry.path()))
+        for (const InlinePicture& picture : MetafilesOf(entry.path()))
         {
             const std::string& bytes = *picture.bytes;
             count += Play(bytes).isPlayed ? 1 : 0;

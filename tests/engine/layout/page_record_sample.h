@@ -32,20 +32,20 @@ inline PageRecord FullPage(FontHost& fonts, std::string pictureBytes = "\x89PNG 
         .face = list.FaceIndex(bold), .size = 400, .origin = {300, 1200}, .glyphs = {{38, 0, 0}}, .text = u"C"});
     list.Add(TextLine{{300, 530}, 900.25F, 12, Underline::DoubleWave, red});
     list.Add(BorderLine{{100, 700}, {3100, 700}, {BorderStyle::Triple, {15}, {20}, blue}});
-    const Picture picture = {.kind = PictureKind::Png,
-                             .mapping = 3,
-                             .width = 20,
-                             .height = 10,
-                             .goalWidth = {3000},
-                             .goalHeight = {1500},
-                             .scaleX = 50,
-                             .scaleY = 75,
-                             .cropLeft = {100},
-                             .cropTop = {-50},
-                             .cropRight = {30},
-                             .cropBottom = {40},
-                             .kept = "\\bliptag7",
-                             .bytes = Shared(std::move(pictureBytes))};
+    const InlinePicture picture = {.kind = PictureKind::Png,
+                                   .mapping = 3,
+                                   .width = 20,
+                                   .height = 10,
+                                   .goalWidth = {3000},
+                                   .goalHeight = {1500},
+                                   .scaleX = 50,
+                                   .scaleY = 75,
+                                   .cropLeft = {100},
+                                   .cropTop = {-50},
+                                   .cropRight = {30},
+                                   .cropBottom = {40},
+                                   .kept = "\\bliptag7",
+                                   .bytes = Shared(std::move(pictureBytes))};
     const Shared<InlineObject> shared{InlineObject(picture)};
     list.Add(PlacedPicture{QRectF(400, 1500, 1450, 1125), shared});
     list.Add(PlacedPicture{QRectF(400, 2800, 1450, 1125), shared});

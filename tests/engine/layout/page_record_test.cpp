@@ -126,7 +126,7 @@ TEST_F(PageBytes, PicturesThatShareTheirBytesHoldThemOnce)
     PageRecord page = FullPage(*m_fonts, big);
     const std::size_t size = ToBytes(page).size();
     EXPECT_LT(size, big.size() + 3000);
-    page.list.Add(PlacedPicture{QRectF(0, 0, 10, 10), Shared<InlineObject>(Picture{.bytes = Shared(big)})});
+    page.list.Add(PlacedPicture{QRectF(0, 0, 10, 10), Shared<InlineObject>(InlinePicture{.bytes = Shared(big)})});
     EXPECT_LT(ToBytes(page).size(), size + 500) << "equal bytes held twice are written once";
 
     const auto read = Read(ToBytes(page));
@@ -138,7 +138,8 @@ TEST_F(PageBytes, PicturesThatShareTheirBytesHoldThemOnce)
             objects.push_back(&placed->object);
     }
     EXPECT_EQ(objects[0]->Identity(), objects[1]->Identity());
-    EXPECT_EQ(std::get<Picture>(**objects[0]).bytes.Identity(), std::get<Picture>(**objects.back()).bytes.Identity());
+    EXPECT_EQ(std::get<InlinePicture>(**objects[0]).bytes.Identity(),
+              std::get<InlinePicture>(**objects.back()).bytes.Identity());
 }
 
 TEST_F(PageBytes, APageThatWasReadPaintsEveryPixelTheSame)

@@ -14,7 +14,7 @@ namespace
 
 TEST(ShownSize, IsTheGoalLessItsCropScaled)
 {
-    Picture picture = PictureOf(PictureKind::Png, "");
+    InlinePicture picture = PictureOf(PictureKind::Png, "");
     picture.goalWidth = {3000};
     picture.goalHeight = {1500};
     EXPECT_EQ(ShownSize(picture), QSizeF(3000, 1500));
@@ -77,7 +77,7 @@ TEST(ShownSize, IsBoundedWhateverTheFileSays)
     }
 }
 
-QImage Painted(const Picture& picture, const QRectF& rectangle, double zoom = 1)
+QImage Painted(const InlinePicture& picture, const QRectF& rectangle, double zoom = 1)
 {
     QImage image(100, 60, QImage::Format_RGB32);
     image.fill(Qt::white);
@@ -89,7 +89,7 @@ QImage Painted(const Picture& picture, const QRectF& rectangle, double zoom = 1)
 
 TEST(PaintPicture, FillsItsRectangleAndNothingElse)
 {
-    const Picture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(20, 10), "PNG"));
+    const InlinePicture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(20, 10), "PNG"));
     const QImage image = Painted(picture, QRectF(10, 10, 80, 40));
     ExpectQuarters(image.copy(10, 10, 80, 40));
     EXPECT_EQ(image.pixelColor(9, 30), QColor(Qt::white));
@@ -99,7 +99,7 @@ TEST(PaintPicture, FillsItsRectangleAndNothingElse)
 
 TEST(PaintPicture, ShowsWhatIsLeftOfItsCrop)
 {
-    Picture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(400, 200), "PNG"));
+    InlinePicture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(400, 200), "PNG"));
     picture.goalWidth = {4000};
     picture.goalHeight = {2000};
     picture.cropLeft = {2000};
@@ -116,7 +116,7 @@ TEST(PaintPicture, ShowsWhatIsLeftOfItsCrop)
 
 TEST(PaintPicture, ANegativeCropLeavesAMargin)
 {
-    Picture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(40, 40), "PNG"));
+    InlinePicture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(40, 40), "PNG"));
     picture.goalWidth = {1000};
     picture.goalHeight = {1000};
     picture.cropLeft = {-1000};
@@ -151,14 +151,14 @@ TEST(PaintPicture, PlaysAMetafileWhateverItsKindSaysAndCropsIt)
 {
     for (const PictureKind kind : {PictureKind::Emf, PictureKind::Wmf, PictureKind::Png, PictureKind::Other})
     {
-        Picture picture = PictureOf(kind, TwoColouredEmf());
+        InlinePicture picture = PictureOf(kind, TwoColouredEmf());
         const QImage image = Painted(picture, QRectF(10, 10, 80, 40));
         EXPECT_EQ(image.pixelColor(30, 30), QColor(Qt::red)) << static_cast<int>(kind);
         EXPECT_EQ(image.pixelColor(70, 30), QColor(Qt::blue));
         EXPECT_EQ(image.pixelColor(5, 30), QColor(Qt::white));
         EXPECT_EQ(image.pixelColor(95, 30), QColor(Qt::white));
     }
-    Picture picture = PictureOf(PictureKind::Emf, TwoColouredEmf());
+    InlinePicture picture = PictureOf(PictureKind::Emf, TwoColouredEmf());
     EXPECT_NEAR(ShownSize(picture).width(), 1134, 1) << "20 mm";
     picture.goalWidth = {2000};
     picture.goalHeight = {1000};
@@ -171,8 +171,8 @@ TEST(PaintPicture, PlaysAMetafileWhateverItsKindSaysAndCropsIt)
 
 TEST(PaintPicture, ThatCannotBeReadIsAFrameWithACross)
 {
-    for (const Picture& picture :
-         {Picture(), PictureOf(PictureKind::Png, "no picture"), PictureOf(PictureKind::Dib, "x"),
+    for (const InlinePicture& picture :
+         {InlinePicture(), PictureOf(PictureKind::Png, "no picture"), PictureOf(PictureKind::Dib, "x"),
           PictureOf(PictureKind::Emf, "x"), PictureOf(PictureKind::Wmf, "")})
     {
         const QImage image = Painted(picture, QRectF(10, 10, 80, 40));
@@ -185,7 +185,7 @@ TEST(PaintPicture, ThatCannotBeReadIsAFrameWithACross)
 
 TEST(PaintPicture, WithACropOfEverythingIsAFrameToo)
 {
-    Picture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(20, 10), "PNG"));
+    InlinePicture picture = PictureOf(PictureKind::Png, EncodedAs(Quarters(20, 10), "PNG"));
     picture.goalWidth = {1000};
     picture.goalHeight = {1000};
     picture.cropLeft = {5000};

@@ -42,7 +42,7 @@ inline QImage Quarters(int width, int height)
     return image;
 }
 
-inline Picture PictureOf(PictureKind kind, std::string bytes)
+inline InlinePicture PictureOf(PictureKind kind, std::string bytes)
 {
     return {.kind = kind, .bytes = Shared(std::move(bytes))};
 }
@@ -85,7 +85,7 @@ inline constexpr std::size_t kBmpFileHeader = 14;
 
 inline std::string Dib(const QImage& image) { return EncodedAs(image, "BMP").substr(kBmpFileHeader); }
 
-inline Picture DeviceBitmap(int width, int height, const char* kept, std::string bits)
+inline InlinePicture DeviceBitmap(int width, int height, const char* kept, std::string bits)
 {
     return {.kind = PictureKind::Ddb, .width = width, .height = height, .kept = kept, .bytes = Shared(std::move(bits))};
 }

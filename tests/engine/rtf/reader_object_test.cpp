@@ -40,8 +40,8 @@ TEST(ReadObjects, AResultMayHoldAPicture)
     const auto* object = ObjectIn<EmbeddedObject>(document, 0);
     ASSERT_NE(object, nullptr);
     const Document result = document.Nested(object->result);
-    ASSERT_NE(ObjectIn<Picture>(result, 0), nullptr);
-    EXPECT_EQ(ObjectIn<Picture>(result, 0)->kind, PictureKind::Wmf);
+    ASSERT_NE(ObjectIn<InlinePicture>(result, 0), nullptr);
+    EXPECT_EQ(ObjectIn<InlinePicture>(result, 0)->kind, PictureKind::Wmf);
 }
 
 TEST(ReadObjects, AnObjectInAResultIsNestedInIt)
@@ -122,7 +122,7 @@ TEST(ReadShapes, APictureInAShapeIsShown)
 {
     const Document document = ReadSample(R"(a{\shp{\*\shpinst{\sp{\sn pib}{\sv{\pict\pngblip 00}}}}}b)");
     EXPECT_EQ(document.Text(), u"a b");
-    EXPECT_NE(ObjectIn<Picture>(document, 1), nullptr);
+    EXPECT_NE(ObjectIn<InlinePicture>(document, 1), nullptr);
 }
 
 }  // namespace

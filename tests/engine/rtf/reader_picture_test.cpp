@@ -15,7 +15,7 @@ using namespace std::string_literals;
 std::string PictureDump(const std::string& group)
 {
     const Document document = ReadSample(group);
-    const auto* picture = ObjectIn<Picture>(document, 0);
+    const auto* picture = ObjectIn<InlinePicture>(document, 0);
     return picture ? DumpOf(*picture) : "(none)";
 }
 
@@ -24,7 +24,7 @@ TEST(ReadPictures, APictureIsOneCharacter)
     const Document document = ReadSample(R"(a{\pict\pngblip 89504e47}b)");
     EXPECT_EQ(document.Text(), u"a b");
     EXPECT_EQ(FirstOf(document).Text(), u"a\uFFFCb");
-    const auto* picture = ObjectIn<Picture>(document, 1);
+    const auto* picture = ObjectIn<InlinePicture>(document, 1);
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->kind, PictureKind::Png);
     EXPECT_EQ(*picture->bytes, "\x89PNG");
@@ -40,7 +40,7 @@ TEST(ReadPictures, EachKindHasItsWord)
     for (const auto& [word, kind] : kWords)
     {
         const Document document = ReadSample(std::string("{\\pict\\") + word + " 00}");
-        const auto* picture = ObjectIn<Picture>(document, 0);
+        const auto* picture = ObjectIn<InlinePicture>(document, 0);
         ASSERT_NE(picture, nullptr) << word;
         EXPECT_EQ(picture->kind, kind) << word;
     }
@@ -50,14 +50,14 @@ TEST(ReadPictures, EachKindHasItsWord)
 TEST(ReadPictures, DigitsMayBeInLinesAndAnyCase)
 {
     const Document document = ReadSample("{\\pict\\pngblip\r\n 89\r\n5\r\n0 4E\t4e\r\n}");
-    EXPECT_EQ(*ObjectIn<Picture>(document, 0)->bytes, "\x89PNN");
+    EXPECT_EQ(*ObjectIn<InlinePicture>(document, 0)->bytes, "\x89PNN");
 }
 
 TEST(ReadPictures, BinaryDataIsTakenAsItIs)
 {
     const Document document = ReadSample("{\\pict\\pngblip\\bin6 }{\\\0\xFFz}b"s);
     EXPECT_EQ(document.Text(), u" b");
-    EXPECT_EQ(*ObjectIn<Picture>(document, 0)->bytes, "}{\\\0\xFFz"s);
+    EXPECT_EQ(*ObjectIn<InlinePicture>(document, 0)->bytes, "}{\\\0\xFFz"s);
 }
 
 TEST(ReadPictures, SizesScalesAndCropsAreKept)
@@ -79,7 +79,7 @@ TEST(ReadPictures, OfTwoFormsTheNewOneIsRead)
 {
     const Document document = ReadSample(R"(a{\*\shppict{\pict\pngblip 01}}{\nonshppict{\pict\wmetafile8 02}}b)");
     EXPECT_EQ(document.Text(), u"a b");
-    EXPECT_EQ(ObjectIn<Picture>(document, 1)->kind, PictureKind::Png);
+    EXPECT_EQ(ObjectIn<InlinePicture>(document, 1)->kind, PictureKind::Png);
 }
 
 TEST(ReadPictures, APictureWithoutDataIsNothing)

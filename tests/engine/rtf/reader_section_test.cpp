@@ -84,7 +84,7 @@ TEST(ReadHeaders, AHeaderHoldsWhatADocumentHolds)
     const Document footer = document.Nested(document.Properties().lastSection[HeaderKind::Footer]);
     EXPECT_EQ(footer.Text(), u"Page 1 \r\nc\t\r\nend");
     EXPECT_EQ(ParagraphOf(footer).alignment, Alignment::Centre);
-    EXPECT_NE(ObjectIn<Picture>(footer, 6), nullptr);
+    EXPECT_NE(ObjectIn<InlinePicture>(footer, 6), nullptr);
     EXPECT_EQ(ParagraphOf(document).alignment, Alignment::Left);
 }
 

@@ -75,6 +75,8 @@ constexpr NamedSource kSources[] = {
      R"({\header\trowd\cellx100\pard\intbl c\cell\row\pard d\par}\trowd\cellx9\pard\intbl a\cell\row\pard x\par)"},
     {"information", R"({\info{\title T \{\'e9\}}{\author A}{\*\company C}{\creatim\yr2024\mo2\dy3}\version3}x\par)"},
     {"styles", R"({\stylesheet{\s0 Normal;}{\s7 heading 7;}{\*\cs12 Strong;}}\pard\s7 a{\cs12 b}\par)"},
+    {"a style in a font without a name",
+     R"({\fonttbl{\f3 Arial;}{\f4\fmodern;}}{\stylesheet{\s1\f3 one;}{\s8\f4\sbasedon1 two;}}\pard\s8\f3 a\par)"},
     {"hidden digits", R"({\v 1}{\v 27}x{\v 0\b 1}\par)"},
     {"formats that end at the mark", R"({\b a\par}{\i b\par}{\up8 c\par}d)"},
     {"text boxes", R"(a{\shp{\*\shpinst{\shptxt in\par}}}b\par)"},

@@ -111,7 +111,7 @@ TEST_F(ClipboardOfTheDisplay, GivesAnotherProgramWhatWasCopied)
 TEST_F(ClipboardOfTheDisplay, GivesAPictureAsAnImage)
 {
     Show("|");
-    Picture picture;
+    InlinePicture picture;
     picture.kind = PictureKind::Png;
     picture.goalWidth = Twips{300};
     picture.goalHeight = Twips{150};

@@ -38,9 +38,9 @@ QByteArray FileOf(const QImage& image, const char* format)
     return bytes;
 }
 
-Picture PictureOfFile(const QByteArray& bytes, PictureKind kind)
+InlinePicture PictureOfFile(const QByteArray& bytes, PictureKind kind)
 {
-    Picture picture;
+    InlinePicture picture;
     picture.kind = kind;
     picture.width = 64;
     picture.height = 32;
@@ -50,11 +50,11 @@ Picture PictureOfFile(const QByteArray& bytes, PictureKind kind)
     return picture;
 }
 
-const Picture* PictureAt(const TextBox& box, std::int32_t position)
+const InlinePicture* PictureAt(const TextBox& box, std::int32_t position)
 {
     const Location at = box.Value().Locate({position});
     const InlineObject* object = box.Value().ParagraphAt(at.paragraph).ObjectAt(static_cast<std::uint32_t>(at.offset));
-    return object ? std::get_if<Picture>(object) : nullptr;
+    return object ? std::get_if<InlinePicture>(object) : nullptr;
 }
 
 TEST(Copying, AnEmptySelectionOffersNothing) { EXPECT_FALSE(MimeDataOfSelection(SampleBox("ab|c"))); }
@@ -169,7 +169,7 @@ TEST(Pasting, AnImageHasTheSizeOfItsResolution)
     data.setImageData(TestImage(192));
     SampleBox box("|");
     EXPECT_TRUE(InsertMimeData(box, data));
-    const Picture* picture = PictureAt(box, 0);
+    const InlinePicture* picture = PictureAt(box, 0);
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->kind, PictureKind::Png);
     EXPECT_NEAR(picture->goalWidth.value, 480, 1);  // a third of an inch
@@ -185,7 +185,7 @@ TEST(Pasting, APictureFileKeepsItsBytes)
     EXPECT_TRUE(CanInsertMimeData(data));
     SampleBox box("|");
     EXPECT_TRUE(InsertMimeData(box, data));
-    const Picture* picture = PictureAt(box, 0);
+    const InlinePicture* picture = PictureAt(box, 0);
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->kind, PictureKind::Jpeg);
     EXPECT_EQ(*picture->bytes, bytes.toStdString());

@@ -47,10 +47,10 @@ const ParagraphFormat& ParagraphFormatAt(const Document& document, std::int32_t 
     return document.FormatOf(document.ParagraphAt(index).Ending().format);
 }
 
-const Picture* PictureIn(const Document& document)
+const InlinePicture* PictureIn(const Document& document)
 {
     for (const PlacedObject& placed : document.ParagraphAt(0).Extras().objects)
-        return std::get_if<Picture>(&*placed.object);
+        return std::get_if<InlinePicture>(&*placed.object);
     return nullptr;
 }
 
@@ -172,7 +172,7 @@ TEST(ReadingHtml, APictureInTheSourceKeepsItsBytes)
             "<p>a<img src=\"data:image/" + QByteArray(format).toLower() + ";base64," + bytes.toBase64() + "\">b</p>";
         const Document document = Read(html.constData());
         ASSERT_EQ(document.Text(), u"a b");
-        const Picture* picture = PictureIn(document);
+        const InlinePicture* picture = PictureIn(document);
         ASSERT_TRUE(picture);
         EXPECT_EQ(picture->kind, format == std::string_view("PNG") ? PictureKind::Png : PictureKind::Jpeg);
         EXPECT_EQ(*picture->bytes, bytes.toStdString());
@@ -185,7 +185,7 @@ TEST(ReadingHtml, AStatedSizeOfAPictureCounts)
     const QByteArray html =
         "<img width=\"96\" height=\"48\" src=\"data:image/png;base64," + PngOf(30, 20).toBase64() + "\">";
     const Document document = Read(html.constData());
-    const Picture* picture = PictureIn(document);
+    const InlinePicture* picture = PictureIn(document);
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->goalWidth, Twips{1440});
     EXPECT_EQ(picture->goalHeight, Twips{720});
