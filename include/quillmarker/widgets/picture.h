@@ -14,14 +14,14 @@ namespace quillmarker
 
 /// A picture that a host hands to the control: pixels, recorded drawing, or the bytes of a picture file (PNG, JPEG, BMP,
 /// GIF, EMF, WMF), which are kept as they are.
-class QUILLMARKER_WIDGETS_EXPORT Picture
+class QUILLMARKER_WIDGETS_EXPORT HostPicture
 {
 public:
-    Picture() = default;
-    Picture(const QImage& image);      // NOLINT(google-explicit-constructor): all of these are pictures
-    Picture(const QPixmap& pixmap);    // NOLINT(google-explicit-constructor)
-    Picture(const QPicture& drawing);  // NOLINT(google-explicit-constructor)
-    static Picture FromEncoded(const QByteArray& bytes);
+    HostPicture() = default;
+    HostPicture(const QImage& image);      // NOLINT(google-explicit-constructor): all of these are pictures
+    HostPicture(const QPixmap& pixmap);    // NOLINT(google-explicit-constructor)
+    HostPicture(const QPicture& drawing);  // NOLINT(google-explicit-constructor)
+    static HostPicture FromEncoded(const QByteArray& bytes);
 
     /// 0 when there is no picture; what other values are has no meaning.
     std::int64_t Handle() const;
@@ -38,4 +38,4 @@ private:
 
 }  // namespace quillmarker
 
-Q_DECLARE_METATYPE(quillmarker::Picture)
+Q_DECLARE_METATYPE(quillmarker::HostPicture)

@@ -62,7 +62,7 @@ public:
     /// 0, or the positive number of the error.
     virtual int OpenFileRTF(const QString& FileName) = 0;
     virtual void Paste() = 0;
-    virtual int InsertPictureObject(const Picture& Picture, const QString& FindText) = 0;
+    virtual int InsertPictureObject(const HostPicture& Picture, const QString& FindText) = 0;
     /// Puts hidden text at the caret, coloured like the background, and `LF` behind it as ordinary text.
     virtual int InsertStringHidden(const QString& txth, const QString& LF) = 0;
     /// As InsertStringRTF with plain text.
@@ -157,7 +157,7 @@ public:
     Q_INVOKABLE int InsertFileRTF(const QString& FileName, const QString& FindText) override;
     Q_INVOKABLE int OpenFileRTF(const QString& FileName) override;
     Q_INVOKABLE void Paste() override;
-    Q_INVOKABLE int InsertPictureObject(const quillmarker::Picture& Picture, const QString& FindText) override;
+    Q_INVOKABLE int InsertPictureObject(const quillmarker::HostPicture& Picture, const QString& FindText) override;
     Q_INVOKABLE int InsertStringHidden(const QString& txth, const QString& LF) override;
     Q_INVOKABLE int InsertStringText(const QString& txt, const QString& FindText) override;
     Q_INVOKABLE int InsertStringRTF(const QString& richtext, const QString& FindText) override;
