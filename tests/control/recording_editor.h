@@ -36,8 +36,8 @@ public:
     void SelectText(int& start, int& finish) override
     {
         Note("SelectText", start, finish);
-        start += 100;
-        finish += 200;
+        start = 101;
+        finish = 202;
     }
     void SetFont(const QString& FontName, float FontSize) override { Note("SetFont", FontName, FontSize); }
     void SetIndents(float Left, float Right, float hanging) override { Note("SetIndents", Left, Right, hanging); }
