@@ -119,14 +119,16 @@ std::optional<double> Number(std::u16string_view text)
 
 }  // namespace
 
-double ParseNumber(std::u16string_view text)
+std::optional<double> NumericValue(std::u16string_view text)
 {
     text = Trimmed(text);
     const bool negative = TakeSign(text);
     SkipBlanks(text);
-    const double value = Number(text).value_or(0);
-    return negative && value != 0 ? -value : value;
+    const std::optional<double> value = Number(text);
+    return negative && value.value_or(0) != 0 ? -*value : value;
 }
+
+double ParseNumber(std::u16string_view text) { return NumericValue(text).value_or(0); }
 
 float ParseSize(std::u16string_view text)
 {

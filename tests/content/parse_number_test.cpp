@@ -11,6 +11,16 @@ namespace quillmarker
 namespace
 {
 
+TEST(NumericValue, TellsZeroFromWhatIsNoNumber)
+{
+    EXPECT_EQ(NumericValue(u" 0 "), 0);
+    EXPECT_EQ(NumericValue(u"-0"), 0);
+    EXPECT_EQ(NumericValue(u"- 12.5"), -12.5);
+    EXPECT_EQ(NumericValue(u"&H10"), 16);
+    for (const std::u16string_view text : {u"", u" ", u"x", u"-", u"True", u"1 2", u"1e999", u"&H"})
+        EXPECT_EQ(NumericValue(text), std::nullopt);
+}
+
 TEST(ParseNumber, ReadsWhatIsNumeric)
 {
     EXPECT_EQ(ParseNumber(u"12.5"), 12.5);

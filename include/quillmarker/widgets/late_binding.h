@@ -36,7 +36,8 @@ constexpr std::int32_t kUnknownDispatchId = -1;
 QUILLMARKER_WIDGETS_EXPORT std::int32_t DispatchIdOf(const QString& name);
 
 /// Calls a member. Arguments are converted to its types (as a host's script would expect: numbers and texts into each
-/// other, anything but 0 is true); those passed by reference are written back in the member's type.
+/// other, anything but 0 is true); those passed by reference are written back in the member's type. `kind` may be
+/// several flags at once, as a script has them that cannot tell a method from a property.
 QUILLMARKER_WIDGETS_EXPORT DispatchResult InvokeMember(IRichTextEditor& editor, std::int32_t dispatchId,
                                                        MemberKind kind, QVariantList& arguments);
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmarker/pages/export.h>
+
 #include <QPainter>
 #include <QRectF>
 #include <QSizeF>
@@ -38,6 +40,7 @@ MetafileSize SizeOfMetafile(std::string_view bytes);
 /// Plays a metafile into `target`, in the painter's coordinates, clipped to it; the painter is left as it was. Its bytes
 /// decide what it is. A record that is damaged ends the playing, one that is unknown is skipped. False, and nothing is
 /// painted, when it is no metafile, is damaged at its start, or is an EMF that draws only in comments of its successor.
-bool PlayMetafile(QPainter& painter, const QRectF& target, std::string_view bytes, const MetafileHint& hint);
+QUILLMARKER_PAGES_EXPORT bool PlayMetafile(QPainter& painter, const QRectF& target, std::string_view bytes,
+                                           const MetafileHint& hint);
 
 }  // namespace quillmarker
