@@ -94,8 +94,11 @@ void StatusBar::changeEvent(QEvent* event)
     switch (event->type())
     {
     case QEvent::ActivationChange:
-        AskLocks();
-        ShowClock();
+        if (isActiveWindow())
+        {
+            AskLocks();  // it may have been another program's key
+            ShowClock();
+        }
         break;
     case QEvent::FontChange:
     case QEvent::LocaleChange:
