@@ -1,8 +1,8 @@
 #include <quillmarker/widgets/rich_text_editor.h>
 
-#include "engine/box/attempt.h"
 #include "control/host_values.h"
 #include "control/member_table.h"
+#include "engine/box/attempt.h"
 
 #include <algorithm>
 #include <array>

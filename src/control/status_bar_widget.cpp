@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOption>
 
 #include <utility>
 
@@ -14,6 +16,14 @@ namespace quillmarker
 {
 namespace
 {
+
+/// At least as wide as its text may become, so that the panels stand still, with room on both sides.
+void GiveRoom(QLabel& panel, const QString& widestText)
+{
+    const QFontMetrics metrics = panel.fontMetrics();
+    const int room = metrics.averageCharWidth() + panel.frameWidth();
+    panel.setMinimumWidth(metrics.horizontalAdvance(widestText) + 2 * room);
+}
 
 /// Screen readers say the name, and are told when it changes.
 void Show(QLabel& panel, const QString& text, const QString& spoken)
@@ -94,21 +104,33 @@ void StatusBar::changeEvent(QEvent* event)
     switch (event->type())
     {
     case QEvent::ActivationChange:
-        AskLocks();
+        if (isActiveWindow())
+        {
+            AskLocks();  // it may have been another program's key
+            ShowClock();
+        }
+        break;
+    case QEvent::LocaleChange:
         ShowClock();
         break;
     case QEvent::FontChange:
-    case QEvent::LocaleChange:
-    case QEvent::StyleChange:
-        ShowClock();
-        break;
     case QEvent::LanguageChange:
+    case QEvent::StyleChange:
         ShowModes();
         ShowClock();
         break;
     default:
         break;
     }
+}
+
+/// Some styles would draw a frame around each panel; ours have one in every style.
+void StatusBar::paintEvent(QPaintEvent* /*event*/)
+{
+    QStyleOption option;
+    option.initFrom(this);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_PanelStatusBar, &option, &painter, this);
 }
 
 void StatusBar::mousePressEvent(QMouseEvent* event)
@@ -156,6 +178,8 @@ void StatusBar::ShowModes()
     Show(*m_insert, QStringLiteral("INS"), m_overwrites ? tr("Overwrite mode") : tr("Insert mode"));
     Show(*m_caps, QStringLiteral("CAPS"), m_locks.isCapsLocked ? tr("Caps Lock on") : tr("Caps Lock off"));
     Show(*m_num, QStringLiteral("NUM"), m_locks.isNumLocked ? tr("Num Lock on") : tr("Num Lock off"));
+    for (QLabel* panel : {m_insert, m_caps, m_num})
+        GiveRoom(*panel, panel->text());
 }
 
 void StatusBar::ShowClock()
@@ -164,8 +188,8 @@ void StatusBar::ShowClock()
     const ClockText clock = ClockTextAt(QDateTime::currentDateTime(), locale);
     Show(*m_date, clock.date, clock.date);
     Show(*m_time, clock.time, clock.time);
-    const int widest = m_time->fontMetrics().horizontalAdvance(LongestTime(locale));
-    m_time->setMinimumWidth(widest + 2 * m_time->frameWidth() + 2 * m_time->margin());
+    GiveRoom(*m_date, clock.date);
+    GiveRoom(*m_time, LongestTime(locale));
     m_clock.start(clock.lasts);
 }
 
