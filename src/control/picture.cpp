@@ -48,7 +48,7 @@ bool IsMetafile(std::string_view bytes)
     return PlayMetafile(painter, QRectF(), bytes, {});
 }
 
-QImage Played(const Picture& metafile)
+QImage Played(const InlinePicture& metafile)
 {
     const QSizeF size = ShownSize(metafile) * kMetafileDpi / kTwipsInInch;
     QImage image = Ground({qCeil(size.width()), qCeil(size.height())}, kMetafileDpi);
@@ -81,7 +81,7 @@ QImage Picture::Image() const
 {
     if (m_encoded.isEmpty())
         return m_image;
-    Picture picture;
+    InlinePicture picture;
     picture.bytes = Shared(m_encoded.toStdString());
     return IsMetafile(*picture.bytes) ? Played(picture) : DecodeBitmap(picture);
 }
