@@ -16,6 +16,12 @@ namespace quillmarker
 namespace
 {
 
+/// A finger scrolls where a mouse selects.
+bool IsFinger(const QMouseEvent& event)
+{
+    return event.device() && event.device()->type() == QInputDevice::DeviceType::TouchScreen;
+}
+
 constexpr int kAutoscrollMilliseconds = 40;
 
 /// How far a point lies outside of a stretch from 0 to `length`; negative before it.
@@ -183,6 +189,18 @@ void RichTextView::State::ShowCursorFor(const QPoint& point, Qt::KeyboardModifie
         view.viewport()->setCursor(shape);
 }
 
+/// A finger that stayed where it was presses there; one that moved has scrolled. False when that was all, or the view is
+/// gone.
+bool RichTextView::State::Tap(const QMouseEvent& event)
+{
+    const QPointer<RichTextView> alive(&view);
+    const QPoint moved = event.position().toPoint() - fingerAt;
+    if (moved.manhattanLength() >= QApplication::startDragDistance())
+        return false;
+    PressLeft(event);
+    return alive;
+}
+
 void RichTextView::mousePressEvent(QMouseEvent* event)
 {
     const QPointer<RichTextView> alive(this);
@@ -192,7 +210,9 @@ void RichTextView::mousePressEvent(QMouseEvent* event)
     if (swallow || !alive || !m_state->FinishPreEdit())
         return;
     m_state->isPressed = event->button() == Qt::LeftButton;
-    if (event->button() == Qt::LeftButton)
+    if (IsFinger(*event))
+        m_state->fingerAt = event->position().toPoint();
+    else if (event->button() == Qt::LeftButton)
         m_state->PressLeft(*event);
     else if (event->button() == Qt::MiddleButton)
         m_state->PressMiddle(*event);
@@ -203,7 +223,7 @@ void RichTextView::mouseMoveEvent(QMouseEvent* event)
     const QPointer<RichTextView> alive(this);
     bool swallow = false;
     Q_EMIT MouseMove(event, swallow);
-    if (!swallow && alive)
+    if (!swallow && alive && !IsFinger(*event))
         m_state->MoveMouse(*event);
 }
 
@@ -225,6 +245,8 @@ void RichTextView::mouseReleaseEvent(QMouseEvent* event)
         m_state->gesture = MouseGesture::None;
         return;
     }
+    if (IsFinger(*event) && !m_state->Tap(*event))
+        return;
     if (m_state->ReleaseLeft(*event) && isClick && viewport()->rect().contains(event->position().toPoint()))
         Q_EMIT Click();
 }

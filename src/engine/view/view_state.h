@@ -85,7 +85,8 @@ struct RichTextView::State
     MouseSelection mouseSelection;
     bool isPressed = false;  // the left button went down here, and no slot took that
     QPoint pressedAt;
-    QPoint mouseAt;  // while a button is down
+    QPoint fingerAt;  // where a finger came down
+    QPoint mouseAt;   // while a button is down
     QString pressedLink;
     QBasicTimer autoscroll;
     QBasicTimer tripleClick;
@@ -164,6 +165,7 @@ struct RichTextView::State
 
     // view_mouse.cpp
     void PressLeft(const QMouseEvent& event);
+    bool Tap(const QMouseEvent& event);
     void PressMiddle(const QMouseEvent& event);
     void SelectByMouse(const QPoint& point, SelectionUnit unit);
     void ExtendByMouse(const QPoint& point);

@@ -1,10 +1,12 @@
 #include "shown_view.h"
 
 #include <QElapsedTimer>
+#include <QPointingDevice>
 #include <QScrollBar>
 #include <QTemporaryDir>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace quillmarker
@@ -225,6 +227,36 @@ TEST(Opening, AnotherTextShowsItsBeginning)
         QCoreApplication::processEvents();
         EXPECT_EQ(view.verticalScrollBar()->value(), 0);
     }
+}
+
+TEST(Scrolling, AFingerDragsTheTextAndSelectsNothing)
+{
+    ShownView view(Lines(300));
+    const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+    QWidget* ground = view.viewport();
+    QTest::touchEvent(ground, finger.get()).press(0, QPoint(100, 280), ground);
+    for (int y = 270; y >= 30; y -= 10)
+    {
+        QTest::touchEvent(ground, finger.get()).move(0, QPoint(100, y), ground);
+        QCoreApplication::processEvents();
+    }
+    QTest::touchEvent(ground, finger.get()).release(0, QPoint(100, 30), ground);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.verticalScrollBar()->value() > 100; }));
+    EXPECT_EQ(view.SelLength(), 0);
+    EXPECT_EQ(view.SelStart(), 0);
+}
+
+TEST(ATap, PutsTheCaretThereAndIsAClick)
+{
+    ShownView view("|one two three");
+    int clicks = 0;
+    QObject::connect(&view, &RichTextView::Click, [&] { ++clicks; });
+    const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+    QTest::touchEvent(view.viewport(), finger.get()).press(0, view.LeftOf(4), view.viewport());
+    QTest::touchEvent(view.viewport(), finger.get()).release(0, view.LeftOf(4), view.viewport());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 1; }));
+    EXPECT_EQ(view.SelStart(), 4);
+    EXPECT_EQ(view.SelLength(), 0);
 }
 
 }  // namespace
