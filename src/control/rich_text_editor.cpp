@@ -24,7 +24,7 @@ std::filesystem::path Path(const QString& name) { return name.toStdU16String(); 
 template <class Value, class Work>
 Value Ask(const std::shared_ptr<EditorState>& state, Value otherwise, Work work)
 {
-    const std::shared_ptr held = state;
+    const auto held = state->shared_from_this();
     held->Try([&] { otherwise = work(*held->report); });
     return otherwise;
 }
@@ -32,7 +32,7 @@ Value Ask(const std::shared_ptr<EditorState>& state, Value otherwise, Work work)
 template <class Work>
 void Tell(const std::shared_ptr<EditorState>& state, Work work)
 {
-    const std::shared_ptr held = state;
+    const auto held = state->shared_from_this();
     held->Try([&] { work(*held); });
 }
 

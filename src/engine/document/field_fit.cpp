@@ -116,7 +116,7 @@ Document WithFieldsFitted(const Document& document, TextRange range, const Docum
             return id;
         CharFormat changed = format;
         changed.field = std::move(fitted);
-        return fragment.SharedFormats().Intern(std::move(changed));
+        return fragment.SharedFormats().Intern(changed);
     });
 }
 
