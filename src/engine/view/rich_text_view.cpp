@@ -164,7 +164,18 @@ void RichTextView::changeEvent(QEvent* event)
 void RichTextView::timerEvent(QTimerEvent* event)
 {
     State& state = *m_state;
-    if (event->timerId() == state.autoscroll.timerId())
+    if (event->timerId() == state.refreshTimer.timerId())
+    {
+        state.refreshTimer.stop();
+        if (isVisible())
+            state.Refresh();
+    }
+    else if (event->timerId() == state.scrolledTimer.timerId())
+    {
+        state.scrolledTimer.stop();
+        Q_EMIT HScroll();
+    }
+    else if (event->timerId() == state.autoscroll.timerId())
         state.Autoscroll();
     else if (event->timerId() == state.dropScroll.timerId())
         state.ShowDropCaret(state.dropAt);

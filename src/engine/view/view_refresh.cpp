@@ -1,7 +1,6 @@
 #include "view_state.h"
 
 #include <QScopedValueRollback>
-#include <QTimer>
 
 namespace quillmarker
 {
@@ -11,14 +10,9 @@ bool RichTextView::State::IsPaintingLocked() const { return !view.viewport()->up
 void RichTextView::State::ScheduleRefresh()
 {
     // A lock that is let go paints the view, and painting refreshes it first.
-    if (isRefreshDue || (isRefreshing && !isStale) || IsPaintingLocked())
+    if (refreshTimer.isActive() || (isRefreshing && !isStale) || IsPaintingLocked())
         return;
-    isRefreshDue = true;
-    QTimer::singleShot(0, &view, [this] {
-        isRefreshDue = false;
-        if (view.isVisible())
-            Refresh();
-    });
+    refreshTimer.start(0, &view);
 }
 
 void RichTextView::State::Refresh()
@@ -117,12 +111,8 @@ void RichTextView::State::RaiseHScroll()
         Q_EMIT view.HScroll();
         return;
     }
-    if (std::exchange(isHScrollDue, true))
-        return;
-    QTimer::singleShot(0, &view, [this] {
-        isHScrollDue = false;
-        Q_EMIT view.HScroll();
-    });
+    if (!scrolledTimer.isActive())
+        scrolledTimer.start(0, &view);
 }
 
 void RichTextView::State::RevealCaret()

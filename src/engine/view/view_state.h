@@ -74,11 +74,11 @@ struct RichTextView::State
     bool overwrites = false;
 
     bool isStale = false;       // the flow shows an older document
-    bool isRefreshDue = false;  // an event is on its way
+    QBasicTimer refreshTimer;   // runs while a refresh is due
     bool isRefreshing = false;  // scroll bars that move now are moved by us
     bool mustReveal = false;    // the caret is to be scrolled to
     bool staysPut = false;      // what happens now does not scroll
-    bool isHScrollDue = false;  // a signal is on its way
+    QBasicTimer scrolledTimer;  // runs while HScroll is due
     bool holdsHScroll = false;  // a signal would come in the middle of something
     bool isOwnDrag = false;     // the user drags this view's selection
     MouseGesture gesture = MouseGesture::None;
