@@ -26,8 +26,8 @@ std::optional<QSize> SizeOf(const QString& text)
 
 CommandLine ParseCommandLine(const QStringList& arguments)
 {
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")});
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")});
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
     const QCommandLineOption screenshot(QStringLiteral("screenshot"), {}, QStringLiteral("FILE"));
     const QCommandLineOption size(QStringLiteral("size"), {}, QStringLiteral("WxH"));
     QCommandLineParser parser;

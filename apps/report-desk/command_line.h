@@ -16,9 +16,6 @@ struct CommandLine
     bool wantsHelp = false;
     bool wantsVersion = false;
     QString error;  // not empty: the call is wrong, and nothing else counts
-
-    /// Whether the call shows nothing on a display.
-    bool NeedsNoDisplay() const { return wantsHelp || wantsVersion || !error.isEmpty() || !screenshot.isEmpty(); }
 };
 
 /// `arguments` begin with the program's name. Needs no application object.

@@ -19,13 +19,7 @@ int Print(std::FILE* stream, const QString& text, int result)
     return result;
 }
 
-/// A file that was asked for and cannot be opened has been told; the window stays, empty.
-bool FillWindow(MainWindow& window, const CommandLine& call)
-{
-    if (!call.file.isEmpty())
-        return window.OpenPath(call.file);
-    return window.OpenSample(QDir(QApplication::applicationDirPath()).filePath(QStringLiteral(REPORT_DESK_SAMPLE)));
-}
+QString SampleFolder() { return QDir(QApplication::applicationDirPath()).filePath(QStringLiteral(REPORT_DESK_SAMPLE)); }
 
 /// With settings of its own: it neither looks like the user's window nor leaves anything of itself.
 int TakeScreenshot(const CommandLine& call)
@@ -35,7 +29,8 @@ int TakeScreenshot(const CommandLine& call)
     MainWindow window(settings);
     window.resize(call.size);
     window.show();
-    if (!FillWindow(window, call))
+    const bool isFilled = call.file.isEmpty() ? window.OpenSample(SampleFolder()) : window.Load(call.file) == 0;
+    if (!isFilled)
         return Print(stderr, QStringLiteral("report-desk: there is nothing to show\n"), 1);
     QApplication::processEvents();
     if (!window.grab().save(call.screenshot, "PNG"))
@@ -48,7 +43,11 @@ int Run(const CommandLine& call)
     QSettings settings;
     MainWindow window(settings);
     window.show();
-    FillWindow(window, call);
+    // A file that cannot be opened has been told of; the window stays, empty.
+    if (call.file.isEmpty())
+        window.OpenSample(SampleFolder());
+    else
+        window.OpenPath(call.file);
     return QApplication::exec();
 }
 

@@ -1,11 +1,11 @@
 #include "main_window.h"
 
-#include "file_messages.h"
 #include "notice.h"
 #include "sample_report.h"
 #include "text_file.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -171,24 +171,26 @@ void MainWindow::OpenRecent(const QString& path)
         OpenPath(path);
 }
 
-bool MainWindow::OpenPath(const QString& path)
+int MainWindow::Load(const QString& path)
 {
     const QFileInfo file(path);
     const FileKind kind = KindOfFile(path);
-    int error = 0;
-    {
-        const BusyTime busy(*m_notice, tr("Opening %1\u2026").arg(file.fileName()));
-        const QString absolute = file.absoluteFilePath();
-        error = kind == FileKind::Rtf ? m_editor->OpenFileRTF(absolute) : m_editor->OpenFileText(absolute);
-    }
+    const BusyTime busy(*m_notice, tr("Opening %1\u2026").arg(file.fileName()));
+    const QString absolute = file.absoluteFilePath();
+    const int error = kind == FileKind::Rtf ? m_editor->OpenFileRTF(absolute) : m_editor->OpenFileText(absolute);
     if (error != 0)
-    {
-        TellError(FileTask::Open, path, error);
-        return false;
-    }
+        return error;
     m_recent.Add(path);
-    SetSession({file.absoluteFilePath(), kind, {}});
-    return true;
+    SetSession({absolute, kind, {}});
+    return 0;
+}
+
+bool MainWindow::OpenPath(const QString& path)
+{
+    const int error = Load(path);
+    if (error != 0)
+        TellError(FileTask::Open, path, error);
+    return error == 0;
 }
 
 bool MainWindow::OpenSample(const QString& folder)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document_session.h"
+#include "file_messages.h"
 #include "recent_files.h"
 
 #include <quillmarker/rich_text_editor.h>
@@ -28,8 +29,10 @@ public:
     RichTextEditor& Editor() { return *m_editor; }
     const DocumentSession& Session() const { return m_session; }
 
-    /// Opens a file in place of the document, without asking whether that may be lost. When it cannot be opened, the
-    /// user is told and the document stays.
+    /// Opens a file in place of the document, without asking whether that may be lost. 0, or the number of the error:
+    /// then the document stays.
+    int Load(const QString& path);
+    /// The same, and tells the user of an error.
     bool OpenPath(const QString& path);
     /// The report that fills the window when there is nothing else to show. False: the folder does not hold it.
     bool OpenSample(const QString& folder);
@@ -67,7 +70,7 @@ private:
     /// True: saved under that name, which is the document's from now on.
     bool SaveTo(const QString& path, FileKind kind);
     bool AgreesToLoseFormats(FileKind kind);
-    void TellError(enum FileTask task, const QString& path, int error);
+    void TellError(FileTask task, const QString& path, int error);
     QString FolderForDialogs() const;
     void SetSession(DocumentSession session);
     void UpdateTitle();

@@ -1,5 +1,7 @@
 #include "sample_report.h"
 
+#include <quillmarker/file_error.h>
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
