@@ -77,7 +77,7 @@ constexpr std::array<ActionRow, 28> ActionRow::kAll = {{
     {View, "statusbar", QT_TRANSLATE_NOOP("MainWindow", "&Status Bar"), "",
      [](MainWindow& w, bool shown) { w.Editor().SetStatusbar(shown); }, Kind::Checkable},
     {View, "", "", "", nullptr, Kind::Separator},
-    {View, "inches", QT_TRANSLATE_NOOP("MainWindow", "Measure in &Inches"), "",
+    {View, "inches", QT_TRANSLATE_NOOP("MainWindow", "Measure in I&nches"), "",
      [](MainWindow& w, bool inches) { w.Editor().SetMeasureInches(inches); }, Kind::Checkable},
     {View, "", "", "", nullptr, Kind::Separator},
     {View, "zoomIn", QT_TRANSLATE_NOOP("MainWindow", "Zoom &In"),

@@ -10,7 +10,7 @@ namespace quillmarker::desk
 namespace
 {
 
-/// Root may write everywhere: while this lives, so may nobody.
+/// Root may write everywhere: while this lives, the process is nobody.
 class AsNobody
 {
 public:
@@ -18,9 +18,11 @@ public:
     {
         constexpr uid_t kNobody = 65'534;
         if (m_user == 0)
-            EXPECT_EQ(::seteuid(kNobody), 0);
+        {
+            EXPECT_EQ(::setresuid(kNobody, kNobody, m_user), 0);
+        }
     }
-    ~AsNobody() { EXPECT_EQ(::seteuid(m_user), 0); }
+    ~AsNobody() { EXPECT_EQ(::setresuid(m_user, m_user, m_user), 0); }
     AsNobody(const AsNobody&) = delete;
     AsNobody& operator=(const AsNobody&) = delete;
 

@@ -77,14 +77,21 @@ protected:
         return file.readAll();
     }
 
+    /// Who gets the keys. Without a window system nobody makes the window active again when a dialog closes.
+    QWidget* Focus()
+    {
+        QApplication::setActiveWindow(m_window.get());
+        return m_window->focusWidget();
+    }
+
     void Type(const char* text)
     {
-        QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text));
+        QTest::keyClicks(Focus(), QLatin1String(text));
         QApplication::processEvents();
     }
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        QTest::keyClick(Focus(), key, modifiers);
         QApplication::processEvents();
     }
     QString Text() { return m_window->Editor().TextString(); }
