@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace quillmarker::desk
 {
@@ -38,13 +39,13 @@ struct ActionRow
     Command command = nullptr;
     Kind kind = Kind::Plain;
 
-    static const std::array<ActionRow, 28> kAll;
+    static const std::array<ActionRow, 27> kAll;
 };
 
 using enum MenuName;
 
 // Delete has no key: the text's own deletes the next character too, which this does not.
-constexpr std::array<ActionRow, 28> ActionRow::kAll = {{
+constexpr std::array<ActionRow, 27> ActionRow::kAll = {{
     {File, "new", QT_TRANSLATE_NOOP("MainWindow", "&New"), "Ctrl+N", [](MainWindow& w, bool) { w.New(); }},
     {File, "open", QT_TRANSLATE_NOOP("MainWindow", "&Open\u2026"), "Ctrl+O", [](MainWindow& w, bool) { w.Open(); }},
     {File, kRecentMenu, QT_TRANSLATE_NOOP("MainWindow", "Open &Recent"), "", nullptr, Kind::Submenu},
@@ -88,6 +89,9 @@ constexpr std::array<ActionRow, 28> ActionRow::kAll = {{
 
     {Help, "about", QT_TRANSLATE_NOOP("MainWindow", "&About Report Desk"), "", [](MainWindow& w, bool) { w.About(); }},
 }};
+
+// A row too few in the table would be an empty line in a menu.
+static_assert(!std::string_view(ActionRow::kAll.back().name).empty());
 
 void MainWindow::MakeActions()
 {
