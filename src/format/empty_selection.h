@@ -2,6 +2,8 @@
 
 #include <quillmarker/text_box.h>
 
+#include <functional>
+
 namespace quillmarker
 {
 
@@ -11,12 +13,17 @@ namespace quillmarker
 class EmptySelection
 {
 public:
+    /// Where the text is; null when it is gone: handlers of the host run in the middle of a bracket and may delete it.
+    using BoxFinder = std::function<TextBox*()>;
+
     /// True before the change, false after it. Calls are not nested.
+    void WrapEmptySelection(const BoxFinder& box, bool begin);
+    /// For a box that outlives the call.
     void WrapEmptySelection(TextBox& box, bool begin);
 
 private:
-    void Begin(TextBox& box);
-    void End(TextBox& box);
+    void Begin(const BoxFinder& box);
+    void End(const BoxFinder& box);
 
     Selection m_saved;
 };
