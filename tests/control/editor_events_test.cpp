@@ -145,7 +145,10 @@ TEST_F(EditorEvents, OtherButtonsRaiseNoRightClick)
 TEST_F(EditorEvents, AReleaseOnTheControlsOwnSurfaceRefreshes)
 {
     Load("a|");
-    QTest::mouseRelease(&m_editor, Qt::LeftButton, {}, {5, 5});
+    auto& ruler = *m_editor.findChild<QWidget*>(QStringLiteral("iRuler"));
+    const QPoint beside(m_editor.width() - 2, ruler.geometry().center().y());
+    ASSERT_EQ(m_editor.childAt(beside), nullptr);
+    QTest::mouseRelease(&m_editor, Qt::LeftButton, {}, beside);
     EXPECT_EQ(m_log, kRefresh);
 }
 

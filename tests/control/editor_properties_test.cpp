@@ -197,8 +197,8 @@ TEST(EditorMargins, AreRoundedToTwipsHalvesToEven)
     const struct
     {
         float inches;
-        int twips;
-    } kRows[] = {{0.5F / 1440, 0}, {1.5F / 1440, 2}, {2.5F / 1440, 2}, {-1.5F / 1440, -2}, {0.3F, 432}};
+        int twips;  // of 22.5 times the number of sixty-fourths
+    } kRows[] = {{1 / 64.0F, 22}, {3 / 64.0F, 68}, {5 / 64.0F, 112}, {-1 / 64.0F, -22}, {-3 / 64.0F, -68}, {0.3F, 432}};
     for (const auto& row : kRows)
     {
         editor.SetTopMargin(row.inches);

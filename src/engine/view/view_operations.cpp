@@ -124,7 +124,11 @@ void RichTextView::SetClipboard(std::shared_ptr<ClipboardService> clipboard)
     m_state->clipboard = clipboard ? std::move(clipboard) : MakeQtClipboard();
 }
 
-bool RichTextView::LockPainting() { return PaintLock::OfTheProcess().Lock(*this); }
+/// Laid out before it is painted: a scroll bar that turns up in the middle would have it painted twice.
+bool RichTextView::LockPainting()
+{
+    return PaintLock::OfTheProcess().Lock(*this, [this] { m_state->ScheduleRefresh(); });
+}
 
 void RichTextView::UnlockPainting()
 {
