@@ -127,7 +127,10 @@ void RichTextView::SetClipboard(std::shared_ptr<ClipboardService> clipboard)
 /// Laid out before it is painted: a scroll bar that turns up in the middle would have it painted twice.
 bool RichTextView::LockPainting()
 {
-    return PaintLock::OfTheProcess().Lock(*this, [this] { m_state->ScheduleRefresh(); });
+    return PaintLock::OfTheProcess().Lock(*this, [this] {
+        if (isVisible())
+            m_state->Refresh();
+    });
 }
 
 void RichTextView::UnlockPainting()
