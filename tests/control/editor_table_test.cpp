@@ -269,7 +269,9 @@ QVariant InvokeMethod(RichTextEditor& editor, const QMetaMethod& method, QVarian
     std::array<QGenericArgument, 3> arguments;
     for (int i = 0; i < method.parameterCount(); ++i)
     {
-        EXPECT_TRUE(values[i].convert(method.parameterMetaType(i))) << method.name().toStdString() << " " << i;
+        // A reference is no type of a variant: it is given the variable itself.
+        const QMetaType type = method.parameterMetaType(i);
+        EXPECT_TRUE(!type.isValid() || values[i].convert(type)) << method.name().toStdString() << " " << i;
         arguments.at(static_cast<std::size_t>(i)) = QGenericArgument(method.parameterTypeName(i).constData(),
                                                                      values[i].constData());
     }
