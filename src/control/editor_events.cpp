@@ -76,7 +76,9 @@ void EditorState::Toggle(KeyPolicy policy)
 {
     TextBox& box = engine->Box();
     const auto wrap = [&](bool begin) {
-        emptySelection.WrapEmptySelection([this] { return editor && engine ? &engine->Box() : nullptr; }, begin);
+        Attempt([&] {
+            emptySelection.WrapEmptySelection([this] { return editor && engine ? &engine->Box() : nullptr; }, begin);
+        });
     };
     // A mixed selection is set.
     const auto isOn = [](const std::optional<bool>& value) { return value.value_or(false); };

@@ -262,7 +262,8 @@ TEST_F(EditorFaults, OfEachServiceLeaveEveryMemberItsWork)
             const DispatchResult result = CallMember(editor, member, m_file);
             EXPECT_EQ(result.code, DispatchCode::Done) << member.name;
             const bool isIdle = row.name == std::string_view("clipboard") && NeedsClipboard(member.name);
-            EXPECT_EQ(Shown(editor), isIdle ? std::string(kSample) : Expected(member)) << member.name << ", " << row.name;
+            EXPECT_EQ(Shown(editor), isIdle ? std::string(kSample) : Expected(member))
+                << member.name << ", " << row.name;
         }
 }
 
@@ -345,14 +346,38 @@ class FailingParts : public RecordingParts
 {
 public:
     using RecordingParts::RecordingParts;
-    void UpdateCharacterButtons() override { Fail([&] { RecordingParts::UpdateCharacterButtons(); }); }
-    void UpdateParagraphButtons() override { Fail([&] { RecordingParts::UpdateParagraphButtons(); }); }
-    void DrawRuler(RulerReading reading) override { Fail([&] { RecordingParts::DrawRuler(reading); }); }
-    void PlaceCombos() override { Fail([&] { RecordingParts::PlaceCombos(); }); }
-    void HidePopups() override { Fail([&] { RecordingParts::HidePopups(); }); }
-    void HideFindDialog() override { Fail([&] { RecordingParts::HideFindDialog(); }); }
-    void RestoreFindDialog() override { Fail([&] { RecordingParts::RestoreFindDialog(); }); }
-    void Unload(Form form) override { Fail([&] { RecordingParts::Unload(form); }); }
+    void UpdateCharacterButtons() override
+    {
+        Fail([&] { RecordingParts::UpdateCharacterButtons(); });
+    }
+    void UpdateParagraphButtons() override
+    {
+        Fail([&] { RecordingParts::UpdateParagraphButtons(); });
+    }
+    void DrawRuler(RulerReading reading) override
+    {
+        Fail([&] { RecordingParts::DrawRuler(reading); });
+    }
+    void PlaceCombos() override
+    {
+        Fail([&] { RecordingParts::PlaceCombos(); });
+    }
+    void HidePopups() override
+    {
+        Fail([&] { RecordingParts::HidePopups(); });
+    }
+    void HideFindDialog() override
+    {
+        Fail([&] { RecordingParts::HideFindDialog(); });
+    }
+    void RestoreFindDialog() override
+    {
+        Fail([&] { RecordingParts::RestoreFindDialog(); });
+    }
+    void Unload(Form form) override
+    {
+        Fail([&] { RecordingParts::Unload(form); });
+    }
 
 private:
     template <class Note>

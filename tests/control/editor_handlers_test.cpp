@@ -47,10 +47,7 @@ void SendMouse(const Subject& editor, QEvent::Type type, QPoint point, Qt::Mouse
     QApplication::sendEvent(surface, &event);
 }
 
-QPoint PointAt(const Subject& editor, int position)
-{
-    return EngineOf(*editor).CharacterRectangle(position).center();
-}
+QPoint PointAt(const Subject& editor, int position) { return EngineOf(*editor).CharacterRectangle(position).center(); }
 
 void Click(const Subject& editor, Qt::MouseButton button = Qt::LeftButton)
 {
@@ -185,9 +182,8 @@ protected:
         for (const Member& member : InterfaceMembers())
         {
             const std::string kind = member.kind == MemberKind::PropertyPut ? " :=" : "";
-            m_gestures.push_back({std::string(member.name) + kind, [&member, this](const Subject& editor) {
-                                      CallMember(*editor, member, m_file);
-                                  }});
+            m_gestures.push_back({std::string(member.name) + kind,
+                                  [&member, this](const Subject& editor) { CallMember(*editor, member, m_file); }});
         }
         RichTextEditor other(ScriptedServices().Services());
         ASSERT_EQ(other.SaveFileRTF(m_file), 0);

@@ -18,8 +18,9 @@ namespace
 {
 
 const QStringList kKeys = {
-    QStringLiteral("Toolbar"),    QStringLiteral("Ruler"),       QStringLiteral("Statusbar"), QStringLiteral("Inches"),
-    QStringLiteral("LeftMargin"), QStringLiteral("RightMargin"), QStringLiteral("TopMargin"), QStringLiteral("BottomMargin"),
+    QStringLiteral("Toolbar"),   QStringLiteral("Ruler"),        QStringLiteral("Statusbar"),
+    QStringLiteral("Inches"),    QStringLiteral("LeftMargin"),   QStringLiteral("RightMargin"),
+    QStringLiteral("TopMargin"), QStringLiteral("BottomMargin"),
 };
 
 /// A bag that notes what it is asked for, in order.
@@ -239,8 +240,7 @@ TEST(EditorMessages, SaysThatPrintingNeedsAPrinter)
     editor.NoPrinterMsg();
     ASSERT_EQ(scripted.messageBoxes->shown.size(), 1U);
     const Message& message = scripted.messageBoxes->shown.front();
-    EXPECT_EQ(message.text,
-              QStringLiteral("You can not print unless you add a printer via Windows control pannel."));
+    EXPECT_EQ(message.text, QStringLiteral("You can not print unless you add a printer via Windows control pannel."));
     EXPECT_EQ(message.title, QStringLiteral("Quillmarker Report"));
     EXPECT_EQ(message.icon, QMessageBox::Warning);
     EXPECT_EQ(message.buttons, QMessageBox::Ok);

@@ -248,10 +248,7 @@ protected:
     QString m_saved = m_folder.filePath(QStringLiteral("saved.rtf"));
 };
 
-bool IsPending(std::string_view name)
-{
-    return std::ranges::find(PendingMembers(), name) != PendingMembers().end();
-}
+bool IsPending(std::string_view name) { return std::ranges::find(PendingMembers(), name) != PendingMembers().end(); }
 
 /// The method of exactly this name; invalid when there is none.
 QMetaMethod MethodOf(const char* name)
@@ -267,13 +264,13 @@ QMetaMethod MethodOf(const char* name)
 QVariant InvokeMethod(RichTextEditor& editor, const QMetaMethod& method, QVariantList& values)
 {
     std::array<QGenericArgument, 3> arguments;
+    const QList<QByteArray> types = method.parameterTypes();
     for (int i = 0; i < method.parameterCount(); ++i)
     {
         // A reference is no type of a variant: it is given the variable itself.
         const QMetaType type = method.parameterMetaType(i);
         EXPECT_TRUE(!type.isValid() || values[i].convert(type)) << method.name().toStdString() << " " << i;
-        arguments.at(static_cast<std::size_t>(i)) = QGenericArgument(method.parameterTypeName(i).constData(),
-                                                                     values[i].constData());
+        arguments.at(static_cast<std::size_t>(i)) = QGenericArgument(types[i].constData(), values[i].constData());
     }
     if (method.returnMetaType().id() == QMetaType::Void)
     {
@@ -281,9 +278,8 @@ QVariant InvokeMethod(RichTextEditor& editor, const QMetaMethod& method, QVarian
         return {};
     }
     QVariant result(method.returnMetaType());
-    EXPECT_TRUE(method.invoke(&editor, Qt::DirectConnection,
-                              QGenericReturnArgument(method.typeName(), result.data()), arguments[0], arguments[1],
-                              arguments[2]));
+    EXPECT_TRUE(method.invoke(&editor, Qt::DirectConnection, QGenericReturnArgument(method.typeName(), result.data()),
+                              arguments[0], arguments[1], arguments[2]));
     return result;
 }
 
@@ -429,8 +425,7 @@ TEST(EditorMetaObject, NamesTheParametersAsTheTableDoes)
         ASSERT_TRUE(method.isValid()) << member.name;
         ASSERT_EQ(static_cast<std::size_t>(method.parameterCount()), member.parameters.size()) << member.name;
         for (int i = 0; i < method.parameterCount(); ++i)
-            EXPECT_EQ(method.parameterNames().at(i).toStdString(),
-                      member.parameters[static_cast<std::size_t>(i)].name);
+            EXPECT_EQ(method.parameterNames().at(i).toStdString(), member.parameters[static_cast<std::size_t>(i)].name);
     }
 }
 
@@ -452,9 +447,9 @@ TEST(EditorInvoke, AnswersBadCallsWithTheirCodeAndDoesNothing)
     EXPECT_EQ(code("LeftMargin", kPut, {"wide"}), DispatchCode::TypeMismatch);
     EXPECT_EQ(code("SelectText", kMethod, {0, 3e10}), DispatchCode::Overflow);
     QVariantList arguments = {0, QStringLiteral("x")};
-    EXPECT_EQ(subject.editor.Invoke(RichTextEditor::GetIDsOfNames(QStringLiteral("SELECTTEXT")), kMethod, arguments)
-                  .argument,
-              1);
+    EXPECT_EQ(
+        subject.editor.Invoke(RichTextEditor::GetIDsOfNames(QStringLiteral("SELECTTEXT")), kMethod, arguments).argument,
+        1);
     EXPECT_EQ(subject.Left({}, {}), before);
 }
 
