@@ -75,7 +75,11 @@ bool EditorState::MayFormat() const
 void EditorState::Toggle(KeyPolicy policy)
 {
     TextBox& box = engine->Box();
-    const auto wrap = [&](bool begin) { Try([&] { emptySelection.WrapEmptySelection(engine->Box(), begin); }); };
+    const auto wrap = [&](bool begin) {
+        Attempt([&] {
+            emptySelection.WrapEmptySelection([this] { return editor && engine ? &engine->Box() : nullptr; }, begin);
+        });
+    };
     // A mixed selection is set.
     const auto isOn = [](const std::optional<bool>& value) { return value.value_or(false); };
     wrap(true);

@@ -1,3 +1,4 @@
+#include "content/strip_markers.h"
 #include "editor_state.h"
 #include "engine/platform/clipboard.h"
 #include "format/font_lists.h"
@@ -38,6 +39,21 @@ PlatformServices Completed(PlatformServices given)
     return given;
 }
 
+/// What a screen says of its pixels, where that can be: lengths are divided by it.
+void TakeScale(int& twipsPerPixel, qreal told)
+{
+    constexpr qreal kCoarsest = 1'440;  // a pixel of an inch
+    if (told >= 1 && told <= kCoarsest)
+        twipsPerPixel = static_cast<int>(std::lround(told));
+}
+
+/// What is left of a page; none when that is no length at all, as margins may be anything.
+std::optional<int> Rest(int page, int less, int andLess)
+{
+    const std::int64_t rest = std::int64_t{page} - less - andLess;
+    return rest == static_cast<int>(rest) ? std::optional(static_cast<int>(rest)) : std::nullopt;
+}
+
 }  // namespace
 
 EditorState::EditorState(RichTextEditor& owner, PlatformServices given)
@@ -54,8 +70,8 @@ void EditorState::Initialize()
     Attempt([&] { engine->Box().SetBulletIndent({kBulletIndent}); });
     Attempt([&] {
         const QSizeF twips = services.screen->TwipsPerPixel(*editor);
-        twipsPerPixelX = static_cast<int>(std::lround(twips.width()));
-        twipsPerPixelY = static_cast<int>(std::lround(twips.height()));
+        TakeScale(twipsPerPixelX, twips.width());
+        TakeScale(twipsPerPixelY, twips.height());
     });
     Attempt([&] { ruler->setFixedHeight(kRulerHeight / twipsPerPixelY); });
     Attempt([&] { ComputePrinterOffsets(); });
@@ -100,6 +116,12 @@ void EditorState::MakeChildren()
     }
     outline->installEventFilter(editor);
     engine->setFrameShape(QFrame::NoFrame);
+    engine->SetClipboard(services.clipboard);
+    // What is dragged away, too, leaves without markers.
+    engine->SetCopyFilter([](std::u16string rtf) {
+        StripMarkers(rtf);
+        return rtf;
+    });
     editor->setFocusProxy(engine);
     report = std::make_unique<Report>(engine->Box());
     report->SetHooks(this);
@@ -118,8 +140,8 @@ void EditorState::ProbePrinter()
 
 void EditorState::FillLists()
 {
-    FillFontList(popupFontNames, *services.fontFamilies);
-    FillFontList(comboFontNames, *services.fontFamilies);
+    for (QStringList* names : {&popupFontNames, &comboFontNames})
+        Attempt([&] { FillFontList(*names, *services.fontFamilies); });
     popupSizes = FontSizeEntries();
     comboSizes = FontSizeEntries();
 }
@@ -136,8 +158,10 @@ void EditorState::ComputePrinterOffsets()
         return;
     printerOffsets.left = printer->offsetLeft;
     printerOffsets.top = printer->offsetTop;
-    printerOffsets.right = printer->pageWidth - printer->printableWidth - margins.left;
-    printerOffsets.bottom = printer->pageHeight - printer->printableHeight - margins.top;
+    const auto right = Rest(printer->pageWidth, printer->printableWidth, margins.left);
+    printerOffsets.right = right.value_or(printerOffsets.right);
+    const auto bottom = Rest(printer->pageHeight, printer->printableHeight, margins.top);
+    printerOffsets.bottom = bottom.value_or(printerOffsets.bottom);
 }
 
 /// A length of two on an empty document is what hosts know: it selects nothing and the format is the insertion format.
@@ -270,7 +294,7 @@ void EditorState::ApplyPageWidth()
         if (noPrinter)
             width = kPaperWidthWithoutPrinter;
         else if (const auto printer = services.printers->Describe(services.printers->DefaultName()))
-            width = printer->pageWidth - margins.left - margins.right;
+            width = Rest(printer->pageWidth, margins.left, margins.right);
     });
     if (!width)
         return;

@@ -5,6 +5,7 @@
 #include <QEvent>
 
 #include <filesystem>
+#include <vector>
 
 namespace quillmarker
 {
@@ -113,7 +114,17 @@ QString RichTextEditor::PreviousField(const QString& Prefix, const QString& Suff
 
 void RichTextEditor::Refresh()
 {
-    Attempt([&] { repaint(); });
+    // A widget paints itself; a viewport, a button of a bar would wait.
+    std::vector<QPointer<QWidget>> widgets{this};
+    Attempt([&] {
+        for (QWidget* child : findChildren<QWidget*>())
+            widgets.emplace_back(child);
+    });
+    for (const QPointer<QWidget>& widget : widgets)
+        Attempt([&] {
+            if (widget && widget->isVisible())
+                widget->repaint();
+        });
 }
 
 QString RichTextEditor::RTFString() const

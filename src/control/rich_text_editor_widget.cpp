@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QToolBar>
 
 namespace quillmarker
@@ -35,7 +36,9 @@ void RichTextEditor::resizeEvent(QResizeEvent* event)
 void RichTextEditor::mouseReleaseEvent(QMouseEvent* event)
 {
     QWidget::mouseReleaseEvent(event);
-    std::shared_ptr(m_state)->RefreshUIState();
+    // What a child does not take comes here too.
+    if (!childAt(event->position().toPoint()))
+        std::shared_ptr(m_state)->RefreshUIState();
 }
 
 void RichTextEditor::changeEvent(QEvent* event)

@@ -2,6 +2,7 @@
 
 #include "clock_text.h"
 
+#include "engine/box/attempt.h"
 #include "engine/platform/key_lock_signs.h"
 
 #include <QCoreApplication>
@@ -165,8 +166,10 @@ void StatusBar::FollowKey(const QKeyEvent& event)
 /// What the platform says counts for more than what keys let guess.
 void StatusBar::AskLocks()
 {
-    if (m_keyLocks)
-        m_locks = m_keyLocks->Now().value_or(m_locks);
+    Attempt([&] {
+        if (m_keyLocks)
+            m_locks = m_keyLocks->Now().value_or(m_locks);
+    });
     ShowModes();
 }
 

@@ -4,30 +4,54 @@
 
 namespace quillmarker
 {
-
-void EmptySelection::WrapEmptySelection(TextBox& box, bool begin) { begin ? Begin(box) : End(box); }
-
-void EmptySelection::Begin(TextBox& box)
+namespace
 {
-    Attempt([&] { m_saved = {box.SelStart(), box.SelLength()}; });
-    Attempt([&] { box.BeginStep(); });
-    if (m_saved.length != 0)
+
+template <class Step>
+void Try(const EmptySelection::BoxFinder& find, Step step)
+{
+    Attempt([&] {
+        if (TextBox* box = find())
+            step(*box);
+    });
+}
+
+}  // namespace
+
+void EmptySelection::WrapEmptySelection(const BoxFinder& box, bool begin) { begin ? Begin(box) : End(box); }
+
+void EmptySelection::WrapEmptySelection(TextBox& box, bool begin)
+{
+    WrapEmptySelection([&box] { return &box; }, begin);
+}
+
+void EmptySelection::Begin(const BoxFinder& find)
+{
+    Selection saved;
+    Try(find, [&](const TextBox& box) { saved = {box.SelStart(), box.SelLength()}; });
+    m_saved.push_back(saved);
+    Try(find, [](TextBox& box) { box.BeginStep(); });
+    if (saved.length != 0)
         return;
-    Attempt([&] { box.SetSelText(u" "); });
-    Attempt([&] { box.SetSelStart(m_saved.start); });
-    Attempt([&] { box.SetSelLength(1); });
+    Try(find, [](TextBox& box) { box.SetSelText(u" "); });
+    Try(find, [&](TextBox& box) { box.SetSelStart(saved.start); });
+    Try(find, [](TextBox& box) { box.SetSelLength(1); });
 }
 
 /// The length goes first: setting the start would drop the format that the blank leaves, were it not where the caret is.
-void EmptySelection::End(TextBox& box)
+void EmptySelection::End(const BoxFinder& find)
 {
-    if (m_saved.length == 0)
+    if (m_saved.empty())
+        return;
+    const Selection saved = m_saved.back();
+    m_saved.pop_back();
+    if (saved.length == 0)
     {
-        Attempt([&] { box.SetSelText(u""); });
-        Attempt([&] { box.SetSelLength(m_saved.length); });
-        Attempt([&] { box.SetSelStart(m_saved.start); });
+        Try(find, [](TextBox& box) { box.SetSelText(u""); });
+        Try(find, [&](TextBox& box) { box.SetSelLength(saved.length); });
+        Try(find, [&](TextBox& box) { box.SetSelStart(saved.start); });
     }
-    Attempt([&] { box.EndStep(); });
+    Try(find, [](TextBox& box) { box.EndStep(); });
 }
 
 }  // namespace quillmarker

@@ -2,6 +2,9 @@
 
 #include <quillmarker/text_box.h>
 
+#include <functional>
+#include <vector>
+
 namespace quillmarker
 {
 
@@ -11,14 +14,19 @@ namespace quillmarker
 class EmptySelection
 {
 public:
-    /// True before the change, false after it. Calls are not nested.
+    /// Where the text is; null when it is gone: handlers of the host run in the middle of a bracket and may delete it.
+    using BoxFinder = std::function<TextBox*()>;
+
+    /// True before the change, false after it. A handler in the middle of a bracket may open and close one of its own.
+    void WrapEmptySelection(const BoxFinder& box, bool begin);
+    /// For a box that outlives the call.
     void WrapEmptySelection(TextBox& box, bool begin);
 
 private:
-    void Begin(TextBox& box);
-    void End(TextBox& box);
+    void Begin(const BoxFinder& box);
+    void End(const BoxFinder& box);
 
-    Selection m_saved;
+    std::vector<Selection> m_saved;  // of the brackets that are open
 };
 
 }  // namespace quillmarker

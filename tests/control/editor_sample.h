@@ -2,6 +2,7 @@
 
 #include "control/editor_state.h"
 #include "engine/platform/clipboard.h"
+#include "support/sample.h"
 
 #include <quillmarker/rich_text_editor.h>
 
@@ -111,6 +112,18 @@ inline RichTextView& EngineOf(RichTextEditor& editor)
 {
     return *editor.findChild<RichTextView*>(QStringLiteral("RTF"));
 }
+
+/// Puts a sample in the text as a file is opened: no history, and the events are over.
+inline void Put(RichTextEditor& editor, std::string_view sample)
+{
+    const SampleBox given(sample);
+    TextBox& box = EngineOf(editor).Box();
+    box.OpenValue(given.Value());
+    box.Select({given.SelStart(), given.SelLength()});
+    editor.SetChanged(false);
+}
+
+inline std::string Shown(RichTextEditor& editor) { return Dump(EngineOf(editor).Box()); }
 
 /// Shown as a host shows it, active, with the focus in the text.
 inline void ShowForTyping(RichTextEditor& editor, QSize size = {800, 600})

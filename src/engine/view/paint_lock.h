@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
+
 namespace quillmarker
 {
 
@@ -15,14 +17,16 @@ class QUILLMARKER_WIDGETS_EXPORT PaintLock
 public:
     static PaintLock& OfTheProcess();
 
-    /// False when another widget holds the lock: it stays with that one.
-    bool Lock(QWidget& widget);
+    /// False when another widget holds the lock: it stays with that one. `released` is called when the widget may be
+    /// painted again, before it is, if it is still there.
+    bool Lock(QWidget& widget, std::function<void()> released = {});
     void Unlock();
     bool Holds(const QWidget& widget) const { return m_widget == &widget; }
 
 private:
     PaintLock() = default;
     QPointer<QWidget> m_widget;
+    std::function<void()> m_released;
     bool m_wasPainted = true;  // before it held the lock
 };
 

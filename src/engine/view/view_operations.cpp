@@ -3,6 +3,8 @@
 #include "clipboard_formats.h"
 #include "paint_lock.h"
 
+#include "engine/box/attempt.h"
+
 #include <tuple>
 #include <utility>
 
@@ -21,10 +23,19 @@ void RichTextView::Cut()
     m_state->mustReveal = true;
     m_state->box.BeginStep();
     // What may not be deleted is not cut: the clipboard stays as it was.
-    if (m_state->box.TypeDelete())
-        clipboard->SetContent(std::move(copied));
-    if (alive)
-        m_state->box.EndStep();
+    const bool isDeleted = m_state->box.TypeDelete();
+    bool isKept = false;
+    Attempt([&] {
+        if (isDeleted)
+            clipboard->SetContent(std::move(copied));
+        isKept = true;
+    });
+    if (!alive)
+        return;
+    m_state->box.EndStep();
+    // What the clipboard did not take is not lost.
+    if (!isKept)
+        m_state->box.Undo();
 }
 
 void RichTextView::Copy()
@@ -35,8 +46,12 @@ void RichTextView::Copy()
 
 bool RichTextView::CanPaste() const
 {
-    const QMimeData* copied = m_state->clipboard->Content();
-    return !Locked() && copied && CanInsertMimeData(*copied);
+    bool canPaste = false;
+    Attempt([&] {
+        const QMimeData* copied = m_state->clipboard->Content();
+        canPaste = !Locked() && copied && CanInsertMimeData(*copied);
+    });
+    return canPaste;
 }
 
 void RichTextView::Paste()
@@ -46,7 +61,8 @@ void RichTextView::Paste()
     m_state->mustReveal = true;
     // A slot that deletes the view leaves the clipboard until all is in.
     const std::shared_ptr<ClipboardService> clipboard = m_state->clipboard;
-    InsertMimeData(m_state->box, *clipboard->Content());
+    if (const QMimeData* copied = clipboard->Content())
+        InsertMimeData(m_state->box, *copied);
 }
 
 void RichTextView::Clear()
@@ -108,7 +124,14 @@ void RichTextView::SetClipboard(std::shared_ptr<ClipboardService> clipboard)
     m_state->clipboard = clipboard ? std::move(clipboard) : MakeQtClipboard();
 }
 
-bool RichTextView::LockPainting() { return PaintLock::OfTheProcess().Lock(*this); }
+/// Laid out before it is painted: a scroll bar that turns up in the middle would have it painted twice.
+bool RichTextView::LockPainting()
+{
+    return PaintLock::OfTheProcess().Lock(*this, [this] {
+        if (isVisible())
+            m_state->Refresh();
+    });
+}
 
 void RichTextView::UnlockPainting()
 {
