@@ -31,7 +31,7 @@ class Readme(ToolTest):
         self.assertTrue({"report.rtf", "report.txt", "clean.rtf", "out/A-2024-105.rtf"} <= set(self.files()))
 
     def test_its_programs_compile(self):
-        qt = [f"-isystem{folder}" for folder in os.environ.get("QUILLMARKER_QT_INCLUDES", "").split(",") if folder]
+        qt = [f"-idirafter{folder}" for folder in os.environ.get("QUILLMARKER_QT_INCLUDES", "").split(",") if folder]
         for number, program in enumerate(blocks("cpp")):
             with self.subTest(number):
                 needsQt = "<Q" in program
