@@ -23,8 +23,8 @@ public:
     void WrapEmptySelection(TextBox& box, bool begin);
 
 private:
-    void Begin(const BoxFinder& box);
-    void End(const BoxFinder& box);
+    void Begin(const BoxFinder& find);
+    void End(const BoxFinder& find);
 
     std::vector<Selection> m_saved;  // of the brackets that are open
 };
