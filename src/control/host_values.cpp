@@ -1,6 +1,6 @@
 #include "control/host_values.h"
 
-#include "content/parse_number.h"
+#include "engine/document/parse_number.h"
 
 #include <quillmarker/widgets/picture.h>
 

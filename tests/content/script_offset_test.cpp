@@ -1,5 +1,5 @@
 #include "content/report_sample.h"
-#include "content/rescale_script.h"
+#include "engine/rtf/rescale_script.h"
 
 #include <gtest/gtest.h>
 

@@ -14,9 +14,9 @@ namespace quillmarker
 QUILLMARKER_CORE_EXPORT std::optional<double> NumericValue(std::u16string_view text);
 
 /// The same, and 0 for what is not numeric.
-double ParseNumber(std::u16string_view text);
+QUILLMARKER_CORE_EXPORT double ParseNumber(std::u16string_view text);
 
 /// The same as a single-precision number; 0 also for what is too large for one.
-float ParseSize(std::u16string_view text);
+QUILLMARKER_CORE_EXPORT float ParseSize(std::u16string_view text);
 
 }  // namespace quillmarker

@@ -1,4 +1,4 @@
-#include "content/parse_number.h"
+#include "engine/document/parse_number.h"
 
 #include <charconv>
 #include <cmath>

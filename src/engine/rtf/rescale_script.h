@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillmarker/export.h>
+
 #include <string>
 #include <string_view>
 
@@ -12,6 +14,6 @@ namespace quillmarker
 ///
 /// Where the reduced size has fewer digits than N, the keyword's number is looked for as many characters further on.
 /// A keyword without a size before it stays as it is.
-void RescaleScriptRTF(std::u16string& rtf, std::u16string_view keyword, int factor);
+QUILLMARKER_CORE_EXPORT void RescaleScriptRTF(std::u16string& rtf, std::u16string_view keyword, int factor);
 
 }  // namespace quillmarker

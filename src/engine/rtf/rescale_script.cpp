@@ -1,7 +1,7 @@
-#include "content/rescale_script.h"
+#include "engine/rtf/rescale_script.h"
 
-#include "content/parse_number.h"
 #include "engine/document/case_folding.h"
+#include "engine/document/parse_number.h"
 
 #include <algorithm>
 #include <array>
