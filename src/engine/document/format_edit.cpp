@@ -190,44 +190,64 @@ PartialCharFormat AllOf(const CharFormat& format) { return Stating<PartialCharFo
 void VisitCharFormats(const Document& document, TextRange range, const std::function<void(const CharFormat&)>& visit)
 {
     range = Snapped(document, range);
+    if (range.IsEmpty())
+        return;
     Distinct<CharFormatId> distinct;
     const auto meet = [&](CharFormatId id) {
         if (distinct.IsNew(id))
             visit(document.FormatOf(id));
     };
-    const Location begin = document.Locate(range.begin);
-    std::int32_t left = range.Length();
-    auto offset = static_cast<std::uint32_t>(begin.offset);
-    document.Content().Content()->tree.Visit(begin.paragraph, [&](const ParagraphRef& paragraph) {
-        if (left <= 0)
-            return false;
-        const std::uint32_t end = offset + static_cast<std::uint32_t>(left);
-        const auto runs = paragraph->Runs();
-        auto run = offset == 0 ? runs.begin() : std::ranges::upper_bound(runs, offset, {}, &Run::end);
-        for (std::uint32_t at = offset; at < end && run != runs.end(); at = run->end, ++run)
+    const auto meetRuns = [&](const Paragraph& paragraph, std::uint32_t from, std::uint32_t to) {
+        const auto runs = paragraph.Runs();
+        auto run = std::ranges::upper_bound(runs, from, {}, &Run::end);
+        for (std::uint32_t at = from; at < to && run != runs.end(); at = run->end, ++run)
             meet(run->format);
-        if (end > paragraph->Text().size())
-            meet(paragraph->Ending().charFormat);
-        left -= paragraph->Length() - static_cast<std::int32_t>(offset);
-        offset = 0;
-        return true;
-    });
+        if (to > paragraph.Text().size())
+            meet(paragraph.Ending().charFormat);
+    };
+    const auto meetAll = [&](const ParagraphRef& paragraph) {
+        meetRuns(*paragraph, 0, static_cast<std::uint32_t>(paragraph->Length()));
+    };
+    const auto meetFew = [&](const ParagraphTree::Node& node) {
+        const FewIds<CharFormatId>& chars = node.Formats().chars;
+        if (chars.IsComplete())
+            std::ranges::for_each(chars.Ids(), meet);
+        return chars.IsComplete();
+    };
+
+    const Location begin = document.Locate(range.begin);
     const Location end = document.Locate(range.end);
-    if (ReachesLastMark(document, begin, end))
-        meet(document.ParagraphAt(end.paragraph).Ending().charFormat);
+    const auto length = [&](std::int32_t index) {
+        return static_cast<std::uint32_t>(document.ParagraphAt(index).Length());
+    };
+    const auto from = static_cast<std::uint32_t>(begin.offset);
+    const auto to = static_cast<std::uint32_t>(end.offset);
+    const bool isInOne = begin.paragraph == end.paragraph;
+    meetRuns(document.ParagraphAt(begin.paragraph), from, isInOne ? to : length(begin.paragraph));
+    if (isInOne)
+        return;
+    document.Content().Content()->tree.VisitStretch(begin.paragraph + 1, end.paragraph, meetFew, meetAll);
+    const bool reachesMark = ReachesLastMark(document, begin, end);
+    meetRuns(document.ParagraphAt(end.paragraph), 0, reachesMark ? length(end.paragraph) : to);
 }
 
 void VisitParagraphFormats(const Document& document, TextRange range,
                            const std::function<void(const ParagraphFormat&)>& visit)
 {
     Distinct<ParagraphFormatId> distinct;
+    const auto meet = [&](ParagraphFormatId id) {
+        if (distinct.IsNew(id))
+            visit(document.FormatOf(id));
+    };
+    const auto meetFew = [&](const ParagraphTree::Node& node) {
+        const FewIds<ParagraphFormatId>& paragraphs = node.Formats().paragraphs;
+        if (paragraphs.IsComplete())
+            std::ranges::for_each(paragraphs.Ids(), meet);
+        return paragraphs.IsComplete();
+    };
     const ParagraphSpan span = TouchedBy(document, range);
-    std::int32_t index = span.first;
-    document.Content().Content()->tree.Visit(index, [&](const ParagraphRef& paragraph) {
-        if (distinct.IsNew(paragraph->Ending().format))
-            visit(document.FormatOf(paragraph->Ending().format));
-        return ++index <= span.last;
-    });
+    document.Content().Content()->tree.VisitStretch(
+        span.first, span.last + 1, meetFew, [&](const ParagraphRef& paragraph) { meet(paragraph->Ending().format); });
 }
 
 PartialCharFormat CharFormatOver(const Document& document, TextRange range)

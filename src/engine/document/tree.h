@@ -96,6 +96,15 @@ public:
         return !m_root || first >= Count() || VisitNode(*m_root, std::max(first, 0), visit);
     }
 
+    /// Visits the paragraphs from `first` up to `last`, without looking at those below a node that `takesWhole` returns
+    /// true for; it is asked about nodes that hold none but these.
+    template <class WholeVisitor, class Visitor>
+    void VisitStretch(std::int32_t first, std::int32_t last, WholeVisitor&& takesWhole, Visitor&& visit) const
+    {
+        if (m_root)
+            VisitStretch(*m_root, first, last, takesWhole, visit);
+    }
+
     /// The first row mark of table depth `depth` or less at or behind paragraph `first`; -1 when there is none.
     std::int32_t FindRowMark(std::int32_t first, std::uint16_t depth) const
     {
@@ -233,6 +242,26 @@ private:
             first = std::max(first - count, 0);
         }
         return true;
+    }
+
+    template <class WholeVisitor, class Visitor>
+    static void VisitStretch(const Node& node, std::int32_t first, std::int32_t last, WholeVisitor& takesWhole,
+                             Visitor& visit)
+    {
+        if (first >= last || last <= 0 || first >= node.Total().paragraphs)
+            return;
+        if (first <= 0 && last >= node.Total().paragraphs && takesWhole(node))
+            return;
+        for (int i = 0; i < node.Count(); ++i)
+        {
+            const std::int32_t count = node.ParagraphsOf(i);
+            if (!node.IsLeaf())
+                VisitStretch(*node.NodeAt(i), first, last, takesWhole, visit);
+            else if (first <= 0 && last > 0)
+                visit(node.ParagraphAt(i));
+            first -= count;
+            last -= count;
+        }
     }
 
     static std::int32_t FindRowMark(const Node& node, std::int32_t first, std::uint16_t depth, std::int32_t before)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/document/few_ids.h"
+
 #include <quillmarker/paragraph.h>
 #include <quillmarker/ref.h>
 
@@ -36,6 +38,26 @@ inline Summary SummaryOf(const Paragraph& paragraph)
     return {paragraph.Length(), 1, mark.kind == Mark::Row ? mark.tableDepth : kNoRowMark};
 }
 
+/// The formats of a stretch of paragraphs, their marks' included.
+struct FormatsIn
+{
+    FewIds<CharFormatId> chars;
+    FewIds<ParagraphFormatId> paragraphs;
+
+    void Add(const Paragraph& paragraph)
+    {
+        for (const Run& run : paragraph.Runs())
+            chars.Add(run.format);
+        chars.Add(paragraph.Ending().charFormat);
+        paragraphs.Add(paragraph.Ending().format);
+    }
+    void Add(const FormatsIn& others)
+    {
+        chars.Add(others.chars);
+        paragraphs.Add(others.paragraphs);
+    }
+};
+
 /// A node of the tree: a leaf holds paragraphs, an inner node holds nodes one level lower. Immutable once shared.
 template <int kFanout>
 class TreeNode
@@ -49,6 +71,7 @@ public:
         for (const ParagraphRef& paragraph : paragraphs)
         {
             node->Note(SummaryOf(*paragraph));
+            node->m_formats.Add(*paragraph);
             node->m_paragraphs[node->m_count++] = paragraph;
         }
         return NodeRef::Adopt(node);
@@ -60,6 +83,7 @@ public:
         for (const NodeRef& child : nodes)
         {
             node->Note(child->Total());
+            node->m_formats.Add(child->Formats());
             node->m_inner.counts[node->m_count] = child->Total().paragraphs;
             node->m_inner.nodes[node->m_count++] = child;
         }
@@ -70,6 +94,7 @@ public:
     int Height() const { return m_height; }
     int Count() const { return m_count; }
     const Summary& Total() const { return m_total; }
+    const FormatsIn& Formats() const { return m_formats; }
     const ParagraphRef& ParagraphAt(int i) const { return m_paragraphs[static_cast<std::size_t>(i)]; }
     const NodeRef& NodeAt(int i) const { return m_inner.nodes[static_cast<std::size_t>(i)]; }
     std::span<const ParagraphRef> Paragraphs() const { return {m_paragraphs.data(), std::size_t(m_count)}; }
@@ -119,6 +144,7 @@ private:
     std::uint8_t m_height = 0;
     std::uint8_t m_count = 0;
     Summary m_total;
+    FormatsIn m_formats;
     std::array<std::uint32_t, kFanout> m_units;
     union
     {

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace quillmarker
 {
 namespace
@@ -148,6 +151,80 @@ TEST(FormatEditLaws, NothingOutsideTheRangeChanges)
             const bool isInside = at >= range.begin.value && at < range.end.value;
             ASSERT_TRUE(isItalic == isInside || isInMark) << at;
         }
+    }
+}
+
+template <class Format>
+bool IsAmong(const std::vector<Format>& formats, const Format& format)
+{
+    return std::ranges::find(formats, format) != formats.end();
+}
+
+std::vector<CharFormat> VisitedChars(const Document& document, TextRange range)
+{
+    std::vector<CharFormat> formats;
+    VisitCharFormats(document, range, [&](const CharFormat& format) { formats.push_back(format); });
+    return formats;
+}
+
+std::vector<ParagraphFormat> VisitedParagraphs(const Document& document, TextRange range)
+{
+    std::vector<ParagraphFormat> formats;
+    VisitParagraphFormats(document, range, [&](const ParagraphFormat& format) { formats.push_back(format); });
+    return formats;
+}
+
+/// The formats in a range, one position after the other.
+std::vector<CharFormat> CharsOneByOne(const Document& document, TextRange range)
+{
+    std::vector<CharFormat> formats;
+    for (std::int32_t at = range.begin.value; at < range.end.value; ++at)
+    {
+        const Location place = document.Locate({at});
+        const Paragraph& paragraph = document.ParagraphAt(place.paragraph);
+        formats.push_back(document.FormatOf(paragraph.FormatAt(static_cast<std::uint32_t>(place.offset))));
+    }
+    return formats;
+}
+
+// Most ranges are long: what a tree knows of many paragraphs at once is then used. There are too many formats for the
+// upper nodes to know them all, and few enough for the lower ones.
+TEST(FormatVisitLaws, EachFormatInTheRangeIsMetOnceAndNoOther)
+{
+    std::mt19937 random(84);
+    for (int round = 0; round < 200; ++round)
+    {
+        Document document = RandomDocument(random, u"ab", 1 + Below(random, 400));
+        const TextRange plain = RandomRange(random, document);
+        document = WithCharFormat(document, plain, {.size = Points(30), .bold = true, .hidden = false});
+        document = WithParagraphFormat(document, plain, {.leftIndent = Inches(9), .keepLines = true});
+        const TextRange range = round % 2 == 0 ? plain : RandomRange(random, document);
+
+        const std::vector<CharFormat> met = VisitedChars(document, range);
+        const std::vector<CharFormat> there = CharsOneByOne(document, range);
+        for (const CharFormat& format : there)
+            ASSERT_TRUE(IsAmong(met, format));
+        for (const CharFormat& format : met)
+            ASSERT_EQ(std::ranges::count(met, format), 1);
+        const Location end = document.Locate(range.end);
+        const bool endsInEmptyLastMark = end.paragraph == document.ParagraphCount() - 1 && end.offset == 0;
+        // Half a line end selected is all of it, and an empty last paragraph's mark is met too.
+        if (document.Text({{range.begin.value - 1}, range.begin}) != u"\r" && !endsInEmptyLastMark)
+        {
+            for (const CharFormat& format : met)
+                ASSERT_TRUE(IsAmong(there, format));
+        }
+
+        const std::vector<ParagraphFormat> metParagraphs = VisitedParagraphs(document, range);
+        const std::int32_t last = end.offset == 0 && end.paragraph > 0 ? end.paragraph - 1 : end.paragraph;
+        std::vector<ParagraphFormat> touched;
+        for (std::int32_t i = document.Locate(range.begin).paragraph;
+             i <= std::max(last, document.Locate(range.begin).paragraph); ++i)
+            touched.push_back(document.FormatOf(document.ParagraphAt(i).Ending().format));
+        for (const ParagraphFormat& format : touched)
+            ASSERT_TRUE(IsAmong(metParagraphs, format));
+        for (const ParagraphFormat& format : metParagraphs)
+            ASSERT_TRUE(IsAmong(touched, format));
     }
 }
 
