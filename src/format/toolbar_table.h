@@ -83,6 +83,9 @@ constexpr const ToolbarButton* FindToolbarButton(std::string_view key)
     return key.empty() || found == kToolbarButtons.end() ? nullptr : found;
 }
 
+/// Whether a button opens a list or the palette.
+constexpr bool IsPopupKey(std::string_view key) { return key == "font" || key == "size" || key == "colour"; }
+
 static_assert(std::ranges::count(kToolbarButtons, ButtonStyle::Separator, &ToolbarButton::style) == 11);
 static_assert(std::ranges::all_of(kToolbarButtons, [](const ToolbarButton& button) {
     return button.key.empty() ? button.style == ButtonStyle::Separator : FindToolbarButton(button.key) == &button;
