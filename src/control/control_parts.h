@@ -21,6 +21,7 @@ public:
 
     /// The selection may have changed: buttons and combos show its formats.
     virtual void UpdateCharacterButtons() {}
+    virtual void UpdateScriptButtons() {}
     virtual void UpdateParagraphButtons() {}
     virtual void DrawRuler(RulerReading) {}
 

@@ -80,4 +80,34 @@ void EditorState::Delete()
     Try([&] { engine->RichTextView::Clear(); });
 }
 
+void EditorState::Undo()
+{
+    Try([&] { report->Undo(); });
+}
+
+void EditorState::ShowSearchDialog()
+{
+    Try([&] { editor->ShowSearchDialog(); });
+}
+
+void EditorState::ToolbarClick(std::string_view key)
+{
+    const QString name = QLatin1String(key.data(), static_cast<qsizetype>(key.size()));
+    Try([&] { Q_EMIT editor->ToolbarClick(name); });
+}
+
+void EditorState::UpdateScriptButtons()
+{
+    Try([&] { parts->UpdateScriptButtons(); });
+}
+
+TextBox* EditorState::Box() { return editor && engine ? &engine->Box() : nullptr; }
+
+void EditorState::SetRedraw(bool redraw)
+{
+    Try([&] { report->SetRedraw(redraw); });
+}
+
+int EditorState::DefaultCharset() const { return report ? report->DefaultCharset() : 0; }
+
 }  // namespace quillmarker

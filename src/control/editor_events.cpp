@@ -68,6 +68,8 @@ void EditorState::PropertyChanged(std::u16string_view key)
 /// What a user may not write he may not format either.
 bool EditorState::MayFormat() const
 {
+    if (!editor || !engine)
+        return false;
     const TextBox& box = engine->Box();
     return !box.Locked() && (box.SelLength() == 0 || box.SelProtected() == false);
 }
@@ -75,14 +77,9 @@ bool EditorState::MayFormat() const
 void EditorState::Toggle(KeyPolicy policy)
 {
     TextBox& box = engine->Box();
-    const auto wrap = [&](bool begin) {
-        Attempt([&] {
-            emptySelection.WrapEmptySelection([this] { return editor && engine ? &engine->Box() : nullptr; }, begin);
-        });
-    };
     // A mixed selection is set.
     const auto isOn = [](const std::optional<bool>& value) { return value.value_or(false); };
-    wrap(true);
+    formatCommands.WrapEmptySelection(true);
     Try([&] {
         switch (policy)
         {
@@ -97,7 +94,7 @@ void EditorState::Toggle(KeyPolicy policy)
             return;
         }
     });
-    wrap(false);
+    formatCommands.WrapEmptySelection(false);
 }
 
 void EditorState::OnKeyDown(const QKeyEvent& event, bool& swallow)

@@ -2,13 +2,14 @@
 #include "editor_state.h"
 #include "engine/platform/clipboard.h"
 #include "format/font_lists.h"
+#include "format/format_toolbar_widget.h"
+#include "format_parts_widget.h"
 #include "scroll_relay.h"
 #include "status_bar_widget.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
-#include <QToolBar>
 
 #include <cmath>
 
@@ -74,6 +75,7 @@ void EditorState::Initialize()
         TakeScale(twipsPerPixelY, twips.height());
     });
     Attempt([&] { ruler->setFixedHeight(kRulerHeight / twipsPerPixelY); });
+    Attempt([&] { MakeParts(); });
     Attempt([&] { ComputePrinterOffsets(); });
     Attempt([&] { FormatEmptyDocument(); });
     Attempt([&] { TakeDefaultCharset(); });
@@ -84,7 +86,7 @@ void EditorState::Initialize()
 
 void EditorState::MakeChildren()
 {
-    toolbar = new QToolBar(editor);
+    toolbar = new FormatToolbar(editor);
     ruler = new QWidget(editor);
     engine = new EditorView(*this, editor);
     statusBar = new StatusBar(services.keyLocks, editor);
@@ -126,6 +128,12 @@ void EditorState::MakeChildren()
     report = std::make_unique<Report>(engine->Box());
     report->SetHooks(this);
     report->Change = [this] { Try([&] { Q_EMIT editor->Change(); }); };
+}
+
+void EditorState::MakeParts()
+{
+    toolbar->SetScale(QSizeF(twipsPerPixelX, twipsPerPixelY));
+    parts = std::make_unique<FormatParts>(*this);
 }
 
 /// The number of printers and the default one's page width say whether there is something to print on.

@@ -3,7 +3,7 @@
 #include "control_parts.h"
 #include "editor_view_widget.h"
 #include "engine/box/attempt.h"
-#include "format/empty_selection.h"
+#include "format/format_commands.h"
 #include "key_policy.h"
 
 #include <quillmarker/report.h>
@@ -16,11 +16,11 @@
 #include <memory>
 
 class QLineEdit;
-class QToolBar;
 
 namespace quillmarker
 {
 
+class FormatToolbar;
 class StatusBar;
 
 /// Twips. The order is that of the persisted keys.
@@ -43,7 +43,7 @@ struct PrinterOffsets
 
 /// What is behind a RichTextEditor. Handlers of the host run in the middle of its functions and may delete the control:
 /// whoever calls one holds the state, and steps that come after find the widgets gone.
-class EditorState : public ReportHooks, public std::enable_shared_from_this<EditorState>
+class EditorState : public ReportHooks, public FormatHost, public std::enable_shared_from_this<EditorState>
 {
 public:
     EditorState(RichTextEditor& owner, PlatformServices given);
@@ -78,10 +78,6 @@ public:
     void SetInches(bool value);
     float MarginInUnits(int margin) const;
     void SetMargin(int& margin, float value, const QString& key);
-    void Copy();
-    void Cut();
-    void Paste();
-    void Delete();
 
     // What the text tells.
     void OnChange();
@@ -90,6 +86,20 @@ public:
     void OnMouseDown(const QMouseEvent& event);
     void DrawRuler(RulerReading reading);
     void HidePopups();
+
+    // FormatHost
+    TextBox* Box() override;
+    void SetRedraw(bool redraw) override;
+    int DefaultCharset() const override;
+    bool MayFormat() const override;
+    void Undo() override;
+    void Cut() override;
+    void Copy() override;
+    void Paste() override;
+    void Delete() override;
+    void ShowSearchDialog() override;
+    void ToolbarClick(std::string_view key) override;
+    void UpdateScriptButtons() override;
 
     // ReportHooks
     void FocusText() override;
@@ -102,7 +112,7 @@ public:
     std::unique_ptr<ControlParts> parts = std::make_unique<ControlParts>();
 
     // Children; Qt deletes them with the control.
-    QPointer<QToolBar> toolbar;
+    QPointer<FormatToolbar> toolbar;
     QPointer<QWidget> ruler;
     QPointer<EditorView> engine;
     QPointer<StatusBar> statusBar;
@@ -110,7 +120,7 @@ public:
     QPointer<QLineEdit> textBox;  // its font says the default character set
 
     std::unique_ptr<Report> report;
-    EmptySelection emptySelection;
+    FormatCommands formatCommands{*this};
 
     bool showsToolbar = true;
     bool showsRuler = true;
@@ -132,13 +142,13 @@ public:
 
 private:
     void MakeChildren();
+    void MakeParts();
     void ConnectEngine();
     void ProbePrinter();
     void FillLists();
     void FormatEmptyDocument();
     void TakeDefaultCharset();
     void Toggle(KeyPolicy policy);
-    bool MayFormat() const;
 
     QPointer<QWidget> m_hostWindow;
 };

@@ -103,6 +103,7 @@ void FormatCommands::PickFontName(std::u16string_view name)
     Try([&](TextBox& box) { box.SetSelFontName(name); });
     SetCharset(m_host.DefaultCharset());
     WrapEmptySelection(false);
+    Attempt([&] { m_host.RefreshUIState(); });
 }
 
 void FormatCommands::PickFontSize(std::u16string_view text, PaintingDuring painting)
@@ -118,6 +119,7 @@ void FormatCommands::PickFontSize(std::u16string_view text, PaintingDuring paint
     WrapEmptySelection(false);
     if (isLocked)
         Attempt([&] { m_host.SetRedraw(true); });
+    Attempt([&] { m_host.RefreshUIState(); });
 }
 
 void FormatCommands::PickColour(Colour colour)
@@ -141,6 +143,7 @@ void FormatCommands::SetFont(std::u16string_view name, float points)
         ApplyFontSize(points);
     WrapEmptySelection(false);
     Attempt([&] { m_host.SetRedraw(true); });
+    Attempt([&] { m_host.RefreshUIState(); });
 }
 
 }  // namespace quillmarker

@@ -29,14 +29,8 @@ int Pixels(int twips, double twipsPerPixel) { return static_cast<int>(std::lroun
 
 }  // namespace
 
-FormatToolbar::FormatToolbar(QSizeF twipsPerPixel, QWidget* parent)
-    : QToolBar(parent),
-      m_metrics{Pixels(kButtonWidth, twipsPerPixel.width()), Pixels(kSeparatorWidth, twipsPerPixel.width()),
-                Pixels(kMargin, twipsPerPixel.width()), Pixels(kMoreWidth, twipsPerPixel.width()),
-                twipsPerPixel.width()},
-      m_buttonHeight(Pixels(kButtonHeight, twipsPerPixel.height())),
-      m_more(new QToolButton(this)),
-      m_moreMenu(new QMenu(this))
+FormatToolbar::FormatToolbar(QWidget* parent)
+    : QToolBar(parent), m_more(new QToolButton(this)), m_moreMenu(new QMenu(this))
 {
     for (std::size_t row = 0; row < kToolbarButtons.size(); ++row)
         MakeButton(row);
@@ -50,6 +44,16 @@ FormatToolbar::FormatToolbar(QSizeF twipsPerPixel, QWidget* parent)
     m_more->setAccessibleName(m_more->toolTip());
     m_more->installEventFilter(this);
     connect(m_moreMenu, &QMenu::aboutToShow, this, &FormatToolbar::FillMoreMenu);
+    PlaceButtons();
+}
+
+void FormatToolbar::SetScale(QSizeF twipsPerPixel)
+{
+    const double scale = twipsPerPixel.width();
+    m_metrics = {Pixels(kButtonWidth, scale), Pixels(kSeparatorWidth, scale), Pixels(kMargin, scale),
+                 Pixels(kMoreWidth, scale), scale};
+    m_buttonHeight = Pixels(kButtonHeight, twipsPerPixel.height());
+    updateGeometry();
     PlaceButtons();
 }
 

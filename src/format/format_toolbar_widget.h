@@ -23,7 +23,10 @@ class FormatToolbar : public QToolBar
     Q_OBJECT
 
 public:
-    FormatToolbar(QSizeF twipsPerPixel, QWidget* parent);
+    explicit FormatToolbar(QWidget* parent);
+
+    /// The lengths of the screen, in twips to a pixel across and down; 15 at first.
+    void SetScale(QSizeF twipsPerPixel);
 
     /// Null for a key without a button of its own (the placeholders have none).
     ToolButton* Button(std::string_view key) const;
@@ -64,7 +67,7 @@ private:
     QRect SlotAt(std::size_t row) const;
 
     ToolbarMetrics m_metrics;
-    int m_buttonHeight;
+    int m_buttonHeight = 22;
     ToolbarLayout m_layout;
     std::array<ToolButton*, kToolbarButtons.size()> m_buttons{};  // none for separators and placeholders
     QToolButton* m_more;
