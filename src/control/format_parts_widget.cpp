@@ -12,12 +12,23 @@
 #include "format/tool_button_widget.h"
 #include "format/toolbar_dispatch.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace quillmarker
 {
 namespace
 {
+
+/// A combo says what its placeholder says.
+void NameCombo(QWidget& combo, std::string_view key)
+{
+    const ToolbarButton* button = FindToolbarButton(key);
+    combo.setToolTip(QCoreApplication::translate(kToolbarContext, button->tooltip));
+    combo.setAccessibleName(combo.toolTip());
+    combo.setAccessibleDescription(QCoreApplication::translate(kToolbarContext, button->description));
+}
 
 std::u16string Units(const QString& text) { return text.toStdU16String(); }
 
@@ -49,6 +60,8 @@ FormatParts::FormatParts(EditorState& state)
     const std::array<PickerFrame*, 3> panels = {m_fontFrame, m_sizeFrame, m_colourFrame};
     for (PickerFrame* panel : panels)
         panel->SetScale(state.twipsPerPixelX, state.twipsPerPixelY);
+    NameCombo(*m_fontNames, "cFont");
+    NameCombo(*m_fontSizes, "cSize");
     ConnectToolbar();
     ConnectCombos();
     ConnectPanels();
@@ -169,7 +182,7 @@ bool FormatParts::ShowsFontNames() const { return m_fontNames && !m_fontNames->i
 void FormatParts::SelectFontName(const std::optional<std::u16string>& name)
 {
     if (name)
-        m_fontNames->Select(QString::fromStdU16String(*name));
+        m_fontNames->Select(QString::fromStdU16String(*name), static_cast<int>(m_state.popupFontNames.size()));
     else
         m_fontNames->Blank();
 }
