@@ -1,4 +1,5 @@
 #include "editor_state.h"
+#include "format/format_toolbar_widget.h"
 #include "status_bar_widget.h"
 
 #include <QEvent>
