@@ -33,7 +33,7 @@ constexpr std::string_view kInk = "#303030";
 constexpr std::array kAccents = {
     Accent{"#1a5fb4", 0xff1a5fb4, 0xff62a0ea, 0.85},
     Accent{"#c01c28", 0xffc01c28, 0xfff66151, 0.85},
-    Accent{"#1a7f4b", 0xff1a7f4b, 0xff57e389, 0.7},
+    Accent{"#1a7f4b", 0xff1a7f4b, 0xff4ccb80, 0.7},
     Accent{"#e5a50a", 0xffe5a50a, 0xfff8c440, 0.35},
 };
 
