@@ -9,8 +9,6 @@ namespace quillmarker
 /// those: a search for what an entry starts with passes over them.
 class PickerItems : public QStringListModel
 {
-    Q_OBJECT
-
 public:
     using QStringListModel::QStringListModel;
 
