@@ -1,5 +1,7 @@
 #include "clipboard_cleaning.h"
 #include "editor_state.h"
+#include "format/choose_font.h"
+#include "format/font_choosing.h"
 
 #include <cmath>
 #include <limits>
@@ -83,6 +85,19 @@ void EditorState::Delete()
 void EditorState::Undo()
 {
     Try([&] { report->Undo(); });
+}
+
+/// Whoever may not format may look all the same; nothing comes of it.
+void EditorState::ShowFontDialog()
+{
+    Try([&] {
+        const FontChoice given = ChoiceOfSelection(engine->Box());
+        FontChoice chosen = given;
+        const FontServices machine{*services.fontDialog, *services.messageBoxes, *services.help};
+        if (ChooseFontDialog(chosen, machine, editor, editor->logicalDpiY(), DefaultCharset()) && MayFormat())
+            ApplyFontChoice(formatCommands, chosen, given);
+    });
+    FocusText();
 }
 
 void EditorState::ShowSearchDialog()

@@ -37,6 +37,8 @@ PlatformServices Completed(PlatformServices given)
     complete(given.keyLocks, usual.keyLocks);
     complete(given.pendingEvents, usual.pendingEvents);
     complete(given.clipboard, usual.clipboard);
+    complete(given.fontDialog, usual.fontDialog);
+    complete(given.help, usual.help);
     return given;
 }
 

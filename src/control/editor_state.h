@@ -77,6 +77,7 @@ public:
     void SetShown(bool& field, bool shown, const QString& key);
     void SetInches(bool value);
     float MarginInUnits(int margin) const;
+    void ShowFontDialog();
     void SetMargin(int& margin, float value, const QString& key);
 
     // What the text tells.

@@ -5,8 +5,6 @@
 namespace quillmarker
 {
 
-void RichTextEditor::SetFont(const QString& /*FontName*/, float /*FontSize*/) {}
-
 void RichTextEditor::SetIndents(float /*Left*/, float /*Right*/, float /*hanging*/) {}
 
 void RichTextEditor::ShowParagraphDialog() {}
@@ -17,8 +15,6 @@ int RichTextEditor::InsertPictureObject(const quillmarker::Picture& /*Picture*/,
 {
     return -1;
 }
-
-void RichTextEditor::ShowFontDialog() {}
 
 void RichTextEditor::ShowPrintPreview() {}
 

@@ -157,6 +157,17 @@ void RichTextEditor::Delete()
     Tell(m_state, [](EditorState& state) { state.Delete(); });
 }
 
+void RichTextEditor::SetFont(const QString& FontName, float FontSize)
+{
+    const std::u16string name = FontName.toStdU16String();
+    Tell(m_state, [&](EditorState& state) { state.formatCommands.SetFont(name, FontSize); });
+}
+
+void RichTextEditor::ShowFontDialog()
+{
+    Tell(m_state, [](EditorState& state) { state.ShowFontDialog(); });
+}
+
 void RichTextEditor::SetRedraw(bool redraw)
 {
     Tell(m_state, [=](EditorState& state) { state.report->SetRedraw(redraw); });

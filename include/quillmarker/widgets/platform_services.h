@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillmarker/widgets/export.h>
+#include <quillmarker/widgets/font_dialog_service.h>
 
 #include <QMessageBox>
 #include <QSizeF>
@@ -60,6 +61,8 @@ struct Message
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QMessageBox::StandardButtons buttons = QMessageBox::Ok;
     int helpContext = 0;  // of the topic behind a Help button
+    /// Opens that topic over the box; the box stays. Nothing happens on Help where it is empty.
+    std::function<void(QWidget* box)> showHelp = {};
 };
 
 class QUILLMARKER_WIDGETS_EXPORT MessageBoxService
@@ -75,6 +78,22 @@ public:
 };
 
 QUILLMARKER_WIDGETS_EXPORT std::unique_ptr<MessageBoxService> MakeQtMessageBoxes();
+
+/// The help that the control's own boxes and dialogs lead to.
+class QUILLMARKER_WIDGETS_EXPORT HelpService
+{
+public:
+    HelpService() = default;
+    virtual ~HelpService() = default;
+    HelpService(const HelpService&) = delete;
+    HelpService& operator=(const HelpService&) = delete;
+
+    /// Shows the topic of a help context (12897: fonts and character sets) over `owner`, to which the user can return.
+    virtual void ShowTopic(int context, QWidget* owner) = 0;
+};
+
+/// The topics that come with the library, in a window of their own; of other contexts it says that there is no help.
+QUILLMARKER_WIDGETS_EXPORT std::unique_ptr<HelpService> MakeQtHelp();
 
 class QUILLMARKER_WIDGETS_EXPORT FontFamilyService
 {
@@ -152,6 +171,8 @@ struct PlatformServices
     std::shared_ptr<KeyLockService> keyLocks;
     std::shared_ptr<PendingEventService> pendingEvents;
     std::shared_ptr<ClipboardService> clipboard;
+    std::shared_ptr<FontDialogService> fontDialog;
+    std::shared_ptr<HelpService> help;
 };
 
 /// Those of Qt, with the built-in printer.

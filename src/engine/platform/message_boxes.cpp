@@ -1,5 +1,7 @@
 #include <quillmarker/widgets/platform_services.h>
 
+#include "engine/box/attempt.h"
+
 #include <QAbstractButton>
 #include <QPointer>
 
@@ -8,11 +10,16 @@ namespace quillmarker
 namespace
 {
 
-/// A click on Help is no answer: it leaves the box open.
-void KeepOpenOnHelp(const QMessageBox& box)
+/// A click on Help is no answer: it leaves the box open, under the topic.
+void ShowTopicOnHelp(QMessageBox& box, const Message& message)
 {
-    if (QAbstractButton* help = box.button(QMessageBox::Help))
-        QObject::disconnect(help, &QAbstractButton::clicked, nullptr, nullptr);
+    QAbstractButton* help = box.button(QMessageBox::Help);
+    if (!help)
+        return;
+    QObject::disconnect(help, &QAbstractButton::clicked, nullptr, nullptr);
+    if (message.showHelp)
+        QObject::connect(help, &QAbstractButton::clicked, &box,
+                         [show = message.showHelp, &box] { Attempt([&] { show(&box); }); });
 }
 
 /// A box with one answer can be left by Escape; Qt does not see it where a Help button stands beside the answer.
@@ -40,7 +47,7 @@ public:
         const QPointer<QMessageBox> box = new QMessageBox(message.icon, message.title, message.text, message.buttons,
                                                           owner ? owner->window() : nullptr);
         box->setTextFormat(Qt::PlainText);
-        KeepOpenOnHelp(*box);
+        ShowTopicOnHelp(*box, message);
         LetEscapeGiveTheOnlyAnswer(*box);
         const int answer = box->exec();
         delete box;

@@ -15,6 +15,8 @@ PlatformServices QtServices()
         .keyLocks = MakeQtKeyLocks(),
         .pendingEvents = MakeQtPendingEvents(),
         .clipboard = MakeQtClipboard(),
+        .fontDialog = MakeQtFontDialog(),
+        .help = MakeQtHelp(),
     };
 }
 

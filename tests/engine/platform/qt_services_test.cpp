@@ -22,6 +22,8 @@ TEST(TheServicesOfQt, AreAllThere)
     EXPECT_TRUE(services.keyLocks);
     EXPECT_TRUE(services.pendingEvents);
     EXPECT_TRUE(services.clipboard);
+    EXPECT_TRUE(services.fontDialog);
+    EXPECT_TRUE(services.help);
     ASSERT_TRUE(services.printers);
     EXPECT_TRUE(services.printers->Names().contains(QStringLiteral("PDF file")));
 }
