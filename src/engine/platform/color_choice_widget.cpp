@@ -100,7 +100,9 @@ QIcon ColorChoice::Swatch(const QColor& color) const
     pixmap.setDevicePixelRatio(devicePixelRatioF());
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    painter.setPen(palette().color(QPalette::Mid));
+    QColor outline = palette().color(QPalette::Text);
+    outline.setAlphaF(0.5F);
+    painter.setPen(outline);
     painter.setBrush(color);
     painter.drawRect(QRectF(0.5, 1.5, kSide - 1, kSide - 3));
     return QIcon(pixmap);

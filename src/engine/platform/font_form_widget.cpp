@@ -69,6 +69,9 @@ FontForm::FontForm(FontPick asked, FontKind kind, QWidget* parent)
     AddColor();
     ConnectParts();
     SelectAsked();
+    // Qt's own has no colours to make room for.
+    constexpr qreal kRoom = 1.2;
+    resize((QSizeF(size()) * kRoom).toSize());
 }
 
 FontPick FontForm::Picked() const
