@@ -138,6 +138,21 @@ private:
     std::unique_ptr<QMimeData> m_content;
 };
 
+class FailingFontDialog : public FontDialogService
+{
+public:
+    explicit FailingFontDialog(const Fault& fault) : m_fault(fault) {}
+    bool Choose(FontDialogRequest& request, QWidget*) override
+    {
+        m_fault.Strike();
+        SetLogFontNumber(request.logFont, LogFontField::Italic, 1);
+        return true;
+    }
+
+private:
+    const Fault& m_fault;
+};
+
 struct ServiceRow
 {
     const char* name;
@@ -153,6 +168,7 @@ const ServiceRow kServices[] = {
     {"key locks", [](PlatformServices& s, const Fault& f) { s.keyLocks = std::make_shared<FailingKeyLocks>(f); }},
     {"pending events",
      [](PlatformServices& s, const Fault& f) { s.pendingEvents = std::make_shared<FailingPendingEvents>(f); }},
+    {"font dialog", [](PlatformServices& s, const Fault& f) { s.fontDialog = std::make_shared<FailingFontDialog>(f); }},
     {"clipboard", [](PlatformServices& s, const Fault& f) { s.clipboard = std::make_shared<FailingClipboard>(f); }},
 };
 
@@ -167,8 +183,13 @@ PlatformServices AllServices(const Fault& fault)
 
 constexpr std::string_view kSample = "one <b>t^w</b>o| three";
 
-/// The members that need the clipboard to do their work.
-bool NeedsClipboard(std::string_view name) { return name == "Cut" || name == "Paste"; }
+/// The members that do nothing without a service.
+bool Needs(std::string_view service, std::string_view member)
+{
+    if (service == "clipboard")
+        return member == "Cut" || member == "Paste";
+    return service == "font dialog" && member == "ShowFontDialog";
+}
 
 class EditorFaults : public testing::Test
 {
@@ -261,7 +282,7 @@ TEST_F(EditorFaults, OfEachServiceLeaveEveryMemberItsWork)
             fault.isOn = true;
             const DispatchResult result = CallMember(editor, member, m_file);
             EXPECT_EQ(result.code, DispatchCode::Done) << member.name;
-            const bool isIdle = row.name == std::string_view("clipboard") && NeedsClipboard(member.name);
+            const bool isIdle = Needs(row.name, member.name);
             EXPECT_EQ(Shown(editor), isIdle ? std::string(kSample) : Expected(member))
                 << member.name << ", " << row.name;
         }

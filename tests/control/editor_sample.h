@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -68,17 +69,35 @@ public:
     QMessageBox::StandardButton answer = QMessageBox::Ok;
 };
 
-/// The services of a control under test: the printers and the message boxes are scripted, all else is Qt's.
+/// A font chooser that a test answers: it cancels unless it is told what to choose.
+class ScriptedFontDialog : public FontDialogService
+{
+public:
+    bool Choose(FontDialogRequest& request, QWidget* /*owner*/) override
+    {
+        shown.push_back(request);
+        if (choose)
+            choose(request);
+        return choose != nullptr;
+    }
+
+    std::vector<FontDialogRequest> shown;
+    std::function<void(FontDialogRequest&)> choose;
+};
+
+/// The services of a control under test: printers, message boxes and dialogs are scripted, all else is Qt's.
 struct ScriptedServices
 {
     std::shared_ptr<ScriptedPrinters> printers = std::make_shared<ScriptedPrinters>();
     std::shared_ptr<ScriptedMessageBoxes> messageBoxes = std::make_shared<ScriptedMessageBoxes>();
+    std::shared_ptr<ScriptedFontDialog> fontDialog = std::make_shared<ScriptedFontDialog>();
 
     PlatformServices Services() const
     {
         PlatformServices services;
         services.printers = printers;
         services.messageBoxes = messageBoxes;
+        services.fontDialog = fontDialog;
         return services;
     }
 };

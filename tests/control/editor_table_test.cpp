@@ -52,6 +52,9 @@ class Subject
 public:
     Subject() : editor(scripted.Services())
     {
+        scripted.fontDialog->choose = [](FontDialogRequest& request) {
+            SetLogFontNumber(request.logFont, LogFontField::Italic, 1);
+        };
         ShowForTyping(editor);
         Put(editor, "ab <b>[M]</b> <i>^cd|</i> e [m] f");
         QApplication::clipboard()->setText(QStringLiteral("pasted"));

@@ -100,9 +100,9 @@ TEST(InterfaceTable, SaysInALineWhatEachMemberIsFor)
 TEST(InterfaceTable, NamesThePendingMembers)
 {
     EXPECT_THAT(PendingMembers(),
-                ElementsAre("InsertPictureFile", "InsertPictureObject", "SetFont", "SetIndents", "ShowFontDialog",
-                            "ShowPageDialog", "ShowParagraphDialog", "ShowPrintDialog", "ShowPrintPreview",
-                            "ShowPrintSetupDialog", "ShowSearchDialog"));
+                ElementsAre("InsertPictureFile", "InsertPictureObject", "SetIndents", "ShowPageDialog",
+                            "ShowParagraphDialog", "ShowPrintDialog", "ShowPrintPreview", "ShowPrintSetupDialog",
+                            "ShowSearchDialog"));
 }
 
 TEST(InterfaceTable, HasFourIdentifiersOfTheUsualForm)
