@@ -1,5 +1,6 @@
 #include "main_window.h"
 
+#include "help_window.h"
 #include "notice.h"
 #include "sample_report.h"
 #include "text_file.h"
@@ -90,6 +91,7 @@ void MainWindow::ConnectEditor()
     });
     connect(m_editor, &RichTextEditor::Change, this, updateSoon);
     connect(m_editor, &RichTextEditor::PropertyChanged, this, updateSoon);
+    connect(m_editor, &RichTextEditor::ToolbarClick, this, &MainWindow::AnswerToolbar);
     connect(&View(), &RichTextView::SelChange, this, updateSoon);
     connect(&View(), &RichTextView::ZoomChanged, this, updateSoon);
 }
@@ -116,6 +118,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
     if (!MayLoseDocument())
         return event->ignore();
     SaveSettings();
+    if (m_help)
+        m_help->close();
     event->accept();
 }
 

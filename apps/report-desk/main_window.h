@@ -8,12 +8,14 @@
 #include <quillmarker/widgets/rich_text_view.h>
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QSettings>
 #include <QTimer>
 
 namespace quillmarker::desk
 {
 
+class HelpWindow;
 class Notice;
 
 /// The window: menus around one editor. What it asks and tells are message boxes and file dialogs of its own.
@@ -36,12 +38,15 @@ public:
     bool OpenPath(const QString& path);
     /// The report that fills the window when there is nothing else to show. False: the folder does not hold it.
     bool OpenSample(const QString& folder);
+    /// The help at the topic with that number; the overview when there is none. What was being done goes on.
+    void ShowHelp(int context);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
     friend struct ActionRow;
+    friend struct ToolbarRow;
 
     // What the menus do.
     void New();
@@ -57,6 +62,9 @@ private:
     void About();
     void FillRecentMenu();
     void OpenRecent(const QString& path);
+
+    /// After a click on the control's toolbar: what the control leaves to its host.
+    void AnswerToolbar(const QString& key);
 
     void MakeActions();
     void MakeRecentMenu();
@@ -75,13 +83,14 @@ private:
     void SetSession(DocumentSession session);
     void UpdateTitle();
     void UpdateActions();
-    void Enable(const char* action, bool enabled);
-    void Check(const char* action, bool checked);
+    /// The entry of a menu.
+    QAction& Action(const char* name) const;
 
     QSettings& m_settings;
     RecentFiles m_recent;
     RichTextEditor* m_editor;
     Notice* m_notice;
+    QPointer<HelpWindow> m_help;
     QMenu* m_recentMenu = nullptr;
     QTimer m_update;
     DocumentSession m_session;

@@ -1,5 +1,7 @@
 #include "main_window.h"
 
+#include "help_topics.h"
+
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -39,13 +41,13 @@ struct ActionRow
     Command command = nullptr;
     Kind kind = Kind::Plain;
 
-    static const std::array<ActionRow, 27> kAll;
+    static const std::array<ActionRow, 28> kAll;
 };
 
 using enum MenuName;
 
 // Delete has no key: the text's own deletes the next character too, which this does not.
-constexpr std::array<ActionRow, 27> ActionRow::kAll = {{
+constexpr std::array<ActionRow, 28> ActionRow::kAll = {{
     {File, "new", QT_TRANSLATE_NOOP("MainWindow", "&New"), "Ctrl+N", [](MainWindow& w, bool) { w.New(); }},
     {File, "open", QT_TRANSLATE_NOOP("MainWindow", "&Open\u2026"), "Ctrl+O", [](MainWindow& w, bool) { w.Open(); }},
     {File, kRecentMenu, QT_TRANSLATE_NOOP("MainWindow", "Open &Recent"), "", nullptr, Kind::Submenu},
@@ -87,6 +89,8 @@ constexpr std::array<ActionRow, 27> ActionRow::kAll = {{
     {View, "zoomReset", QT_TRANSLATE_NOOP("MainWindow", "&Actual Size"), "Ctrl+0",
      [](MainWindow& w, bool) { w.ZoomReset(); }},
 
+    {Help, "contents", QT_TRANSLATE_NOOP("MainWindow", "&Contents"), "F1",
+     [](MainWindow& w, bool) { w.ShowHelp(kOverviewTopic); }},
     {Help, "about", QT_TRANSLATE_NOOP("MainWindow", "&About Report Desk"), "", [](MainWindow& w, bool) { w.About(); }},
 }};
 
@@ -114,13 +118,13 @@ void MainWindow::MakeActions()
         if (row.command)
             connect(action, &QAction::triggered, this, [this, &row](bool checked) { row.command(*this, checked); });
     }
-    findChild<QAction*>(QStringLiteral("quit"))->setMenuRole(QAction::QuitRole);
-    findChild<QAction*>(QStringLiteral("about"))->setMenuRole(QAction::AboutRole);
+    Action("quit").setMenuRole(QAction::QuitRole);
+    Action("about").setMenuRole(QAction::AboutRole);
 }
 
 void MainWindow::MakeRecentMenu()
 {
-    m_recentMenu = findChild<QAction*>(QLatin1String(kRecentMenu))->menu();
+    m_recentMenu = Action(kRecentMenu).menu();
     connect(m_recentMenu->menuAction()->menu(), &QMenu::aboutToShow, this, &MainWindow::FillRecentMenu);
     FillRecentMenu();
 }
@@ -143,28 +147,21 @@ void MainWindow::FillRecentMenu()
     connect(clear, &QAction::triggered, this, [this] { m_recent.Clear(); });
 }
 
-void MainWindow::Enable(const char* action, bool enabled)
-{
-    findChild<QAction*>(QLatin1String(action))->setEnabled(enabled);
-}
-
-void MainWindow::Check(const char* action, bool checked)
-{
-    findChild<QAction*>(QLatin1String(action))->setChecked(checked);
-}
+/// Sought in the menus alone: the control has actions of the same names.
+QAction& MainWindow::Action(const char* name) const { return *menuBar()->findChild<QAction*>(QLatin1String(name)); }
 
 /// Paste stays on: what the clipboard will hold when the key is pressed is not known before.
 void MainWindow::UpdateActions()
 {
     const bool hasSelection = View().SelLength() > 0;
     for (const char* action : {"cut", "copy", "delete"})
-        Enable(action, hasSelection);
-    Enable("undo", View().Box().CanUndo());
-    Enable("redo", View().Box().CanRedo());
-    Check("toolbar", m_editor->Toolbar());
-    Check("ruler", m_editor->Ruler());
-    Check("statusbar", m_editor->Statusbar());
-    Check("inches", m_editor->MeasureInches());
+        Action(action).setEnabled(hasSelection);
+    Action("undo").setEnabled(View().Box().CanUndo());
+    Action("redo").setEnabled(View().Box().CanRedo());
+    Action("toolbar").setChecked(m_editor->Toolbar());
+    Action("ruler").setChecked(m_editor->Ruler());
+    Action("statusbar").setChecked(m_editor->Statusbar());
+    Action("inches").setChecked(m_editor->MeasureInches());
 }
 
 void MainWindow::Undo() { m_editor->Undo(); }

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
@@ -60,7 +61,7 @@ protected:
 
     MainWindow& Window() { return *m_window; }
     RichTextView& View() { return *qobject_cast<RichTextView*>(m_window->Editor().RTFObj()); }
-    QAction& Action(const char* name) { return *m_window->findChild<QAction*>(QLatin1String(name)); }
+    QAction& Action(const char* name) { return *m_window->menuBar()->findChild<QAction*>(QLatin1String(name)); }
     QSettings& Settings() { return *m_settings; }
 
     QString InFolder(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
