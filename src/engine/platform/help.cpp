@@ -9,7 +9,10 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace quillmarker
 {
@@ -55,8 +58,12 @@ void SizeToText(QTextBrowser& text)
     constexpr int kMostLines = 30;
     const QFontMetrics metrics = text.fontMetrics();
     const int width = metrics.averageCharWidth() * kCharactersPerLine;
-    text.document()->setTextWidth(width);
-    const int height = std::min(static_cast<int>(text.document()->size().height()), metrics.lineSpacing() * kMostLines);
+    // Not the browser's own document, which has the width of a browser that nobody has seen yet.
+    QTextDocument measured;
+    measured.setDefaultFont(text.font());
+    measured.setHtml(text.toHtml());
+    measured.setTextWidth(width);
+    const int height = std::min(static_cast<int>(measured.size().height()), metrics.lineSpacing() * kMostLines);
     const int frame = 2 * text.frameWidth();
     text.setMinimumSize(width + frame, height + frame);
 }
