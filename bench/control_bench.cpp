@@ -77,7 +77,26 @@ void Keystroke(benchmark::State& state)
         state.SkipWithError("a key was not typed");
 }
 
+/// What every change of the selection costs when all of the report is selected: toolbar, combos, ruler and status bar.
+void RefreshOverAll(benchmark::State& state)
+{
+    const std::string rtf = GeneratedReport({.bytes = static_cast<std::size_t>(state.range(0) * kPageBytes)});
+    auto editor = ShownEditor();
+    RichTextView& text = TextOf(*editor);
+    text.Box().OpenValue(ReadRtf(std::string_view(rtf)));
+    // From one character less: each round is a selection that nothing is known of.
+    int length = text.Box().TextLength();
+    for (auto _ : state)
+    {
+        length ^= 1;
+        text.Box().Select({0, length});
+    }
+    if (!text.Box().SelFontName() && !text.Box().SelBold() && text.Box().SelLength() < 2)
+        state.SkipWithError("nothing is selected");
+}
+
 BENCHMARK(Insertions)->ArgName("redraw")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(RefreshOverAll)->ArgName("pages")->Arg(10)->Arg(200)->Arg(2'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Keystroke)->ArgName("pages")->Arg(10)->Arg(200)->Arg(2'000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

@@ -31,20 +31,23 @@ bool Shows(const QRawFont& font, QStringView text)
     return std::ranges::all_of(characters, [&](uint character) { return font.supportsCharacter(character); });
 }
 
-/// A font of signs may answer letters with signs, so having the characters is not enough. Of a name that the machine maps
-/// to another font it tells nothing, and then that font is readable.
-bool HasLetters(const QList<QFontDatabase::WritingSystem>& systems)
+/// A font of signs answers letters with signs and may say that it has Latin, so having the characters is not enough. Of a
+/// name that the machine maps to another font nothing is told, and then that font is readable.
+bool HasSignsForLetters(const QList<QFontDatabase::WritingSystem>& systems)
 {
-    const bool isSigns = systems.size() == 1 && systems.first() == QFontDatabase::Symbol;
-    return !isSigns;
+    const auto isForSigns = [](QFontDatabase::WritingSystem system) {
+        return system == QFontDatabase::Symbol || system == QFontDatabase::Latin;
+    };
+    return systems.contains(QFontDatabase::Symbol) && std::ranges::all_of(systems, isForSigns);
 }
 
 QString SampleIn(const QRawFont& font, const QList<QFontDatabase::WritingSystem>& systems)
 {
     for (const QFontDatabase::WritingSystem system : systems)
     {
-        const QString sample = QFontDatabase::writingSystemSample(system);
-        if (system != QFontDatabase::Symbol && !sample.isEmpty() && Shows(font, sample))
+        const bool isScript = system != QFontDatabase::Symbol && system != QFontDatabase::Latin;
+        const QString sample = isScript ? QFontDatabase::writingSystemSample(system) : QString();
+        if (!sample.isEmpty() && Shows(font, sample))
             return sample;
     }
     for (const std::u16string_view sample : kSamples)
@@ -65,7 +68,7 @@ FontLook LookOf(const QString& family, const QFont& listFont)
     look.face.setStyleStrategy(QFont::NoFontMerging);
     const QList<QFontDatabase::WritingSystem> systems = QFontDatabase::writingSystems(family);
     const QRawFont font = QRawFont::fromFont(look.face);
-    look.isLegible = font.isValid() && HasLetters(systems) && Shows(font, family);
+    look.isLegible = font.isValid() && !HasSignsForLetters(systems) && Shows(font, family);
     if (!look.isLegible && font.isValid())
         look.sample = SampleIn(font, systems);
     return look;

@@ -10,6 +10,8 @@ namespace
 {
 
 constexpr int kRows = 18;
+// The room that a line of text leaves on its left and right: the combo is narrow, and "10.5" is to be seen whole.
+constexpr int kSpareRoom = 2;
 
 }  // namespace
 
@@ -21,6 +23,7 @@ FontSizeCombo::FontSizeCombo(QWidget* parent) : PickerCombo(QStringLiteral("cfSi
     setMaxVisibleItems(kRows);
     // Qt would pick the entry that equals the text when the focus goes; a text is handed over by Enter alone.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    lineEdit()->setTextMargins(-kSpareRoom, 0, -kSpareRoom, 0);
     lineEdit()->installEventFilter(this);
 }
 

@@ -39,6 +39,9 @@ ListFrame::ListFrame(Extent extent, const QString& listName, QWidget* parent)
     connect(m_list, &PickerList::FocusLost, this, &ListFrame::TellFocusLost);
 }
 
+/// The list goes after the panel and gives up the focus; then nobody is there to tell it.
+ListFrame::~ListFrame() { m_list->disconnect(this); }
+
 QStringList ListFrame::Items() const { return m_list->Entries(); }
 
 void ListFrame::SetItems(const QStringList& items)

@@ -16,6 +16,10 @@ class ListFrame : public PickerFrame
     Q_OBJECT
 
 public:
+    ~ListFrame() override;
+    ListFrame(const ListFrame&) = delete;
+    ListFrame& operator=(const ListFrame&) = delete;
+
     /// The entries, each as it was given.
     QStringList Items() const;
     void SetItems(const QStringList& items);
