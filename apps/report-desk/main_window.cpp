@@ -62,7 +62,7 @@ MainWindow::MainWindow(QSettings& settings, QWidget* parent)
     : QMainWindow(parent),
       m_settings(settings),
       m_recent(settings),
-      m_editor(new RichTextEditor(this)),
+      m_editor(new RichTextEditor(Services(), this)),
       m_notice(new Notice(this))
 {
     constexpr QSize kFirstSize(1000, 760);

@@ -48,6 +48,8 @@ private:
     friend struct ActionRow;
     friend struct ToolbarRow;
 
+    PlatformServices Services();
+
     // What the menus do.
     void New();
     void Open();

@@ -5,9 +5,11 @@
 #include "notice.h"
 
 #include <QApplication>
+#include <QPointer>
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 namespace quillmarker::desk
 {
@@ -48,6 +50,28 @@ void MainWindow::AnswerToolbar(const QString& key)
         row->command(*this);
     else
         m_notice->Tell(tr(row->refusal));
+}
+
+/// The help that the control's own messages offer is the window's.
+PlatformServices MainWindow::Services()
+{
+    class WindowHelp : public HelpService
+    {
+    public:
+        explicit WindowHelp(MainWindow& window) : m_window(&window) {}
+        void ShowTopic(int context, QWidget* /*owner*/) override
+        {
+            if (m_window)
+                m_window->ShowHelp(context);
+        }
+
+    private:
+        QPointer<MainWindow> m_window;
+    };
+
+    PlatformServices services;
+    services.help = std::make_shared<WindowHelp>(*this);
+    return services;
 }
 
 /// A modal box keeps the keys and the mouse from every window that is not its own: help asked for there is the box's.

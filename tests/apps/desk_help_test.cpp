@@ -2,6 +2,7 @@
 #include "help_topics.h"
 #include "help_window.h"
 
+#include <QFontDialog>
 #include <QListWidget>
 #include <QTextBrowser>
 #include <QToolButton>
@@ -120,6 +121,31 @@ TEST_F(DeskHelp, AskedForInAMessageBoxItCanBeReadThere)
     EXPECT_FALSE(Help());
     Window().ShowHelp(kOverviewTopic);
     EXPECT_EQ(Help()->parentWidget(), &Window());
+}
+
+TEST_F(DeskHelp, TheMessageOfTheCharacterSetOpensItsTopic)
+{
+    BoxFont greek = View().Box().Font();
+    greek.charset = 161;
+    View().Box().SetFont(greek);
+    Plan([](QWidget& dialog) {
+        auto* chooser = qobject_cast<QFontDialog*>(&dialog);
+        if (chooser)
+            chooser->reject();
+        return chooser != nullptr;
+    });
+    Plan([](QWidget& dialog) {
+        auto* box = qobject_cast<QMessageBox*>(&dialog);
+        if (!box || !box->button(QMessageBox::Help))
+            return false;
+        QTest::mouseClick(box->button(QMessageBox::Help), Qt::LeftButton);
+        const auto* help = box->findChild<HelpWindow*>();
+        const bool isThere = help && help->isVisible() && help->Context() == kFontsTopic;
+        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+        return isThere;
+    });
+    Window().Editor().ShowFontDialog();
+    EXPECT_EQ(View().Box().Font().charset, 161);  // nothing was chosen
 }
 
 TEST(DeskHelpTopics, NumbersAndTitlesAreDifferent)

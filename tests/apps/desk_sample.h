@@ -124,6 +124,9 @@ protected:
         });
     }
 
+    /// The next dialog is answered like that; false: it is not the one that was meant.
+    void Plan(std::function<bool(QWidget& dialog)> answer) { m_plan.push_back(std::move(answer)); }
+
     const QStringList& Told() const { return m_told; }
 
 private:

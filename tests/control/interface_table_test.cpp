@@ -99,10 +99,9 @@ TEST(InterfaceTable, SaysInALineWhatEachMemberIsFor)
 
 TEST(InterfaceTable, NamesThePendingMembers)
 {
-    EXPECT_THAT(PendingMembers(),
-                ElementsAre("InsertPictureFile", "InsertPictureObject", "SetIndents", "ShowPageDialog",
-                            "ShowParagraphDialog", "ShowPrintDialog", "ShowPrintPreview", "ShowPrintSetupDialog",
-                            "ShowSearchDialog"));
+    EXPECT_THAT(PendingMembers(), ElementsAre("InsertPictureFile", "InsertPictureObject", "SetIndents",
+                                              "ShowPageDialog", "ShowParagraphDialog", "ShowPrintDialog",
+                                              "ShowPrintPreview", "ShowPrintSetupDialog", "ShowSearchDialog"));
 }
 
 TEST(InterfaceTable, HasFourIdentifiersOfTheUsualForm)
