@@ -46,13 +46,13 @@ QString SampleIn(const QRawFont& font, const QList<QFontDatabase::WritingSystem>
     for (const QFontDatabase::WritingSystem system : systems)
     {
         const bool isScript = system != QFontDatabase::Symbol && system != QFontDatabase::Latin;
-        const QString sample = isScript ? QFontDatabase::writingSystemSample(system) : QString();
+        QString sample = isScript ? QFontDatabase::writingSystemSample(system) : QString();
         if (!sample.isEmpty() && Shows(font, sample))
             return sample;
     }
     for (const std::u16string_view sample : kSamples)
     {
-        const QString text = QString::fromUtf16(sample.data(), static_cast<qsizetype>(sample.size()));
+        QString text = QString::fromUtf16(sample.data(), static_cast<qsizetype>(sample.size()));
         if (Shows(font, text))
             return text;
     }
@@ -86,7 +86,7 @@ FontLook FontLooks::Of(const QString& family, const QFont& listFont)
     if (const FontLook* known = m_looks.object(family))
         return *known;
     auto look = std::make_unique<FontLook>(LookOf(family, listFont));
-    const FontLook found = *look;
+    FontLook found = *look;
     m_looks.insert(family, look.release());
     return found;
 }

@@ -44,9 +44,7 @@ PickerCombo::PickerCombo(const QString& name, QWidget* parent) : QComboBox(paren
     setFocusPolicy(Qt::StrongFocus);
     // Its width is given; thousands of entries are not measured for it.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    auto* list = new QListView(this);
-    MakeQuick(*list);
-    setView(list);
+    setView(new EntryList(this));
     setModel(&m_entries);
     connect(this, &QComboBox::textActivated, this, &PickerCombo::Clicked);
 }
@@ -85,7 +83,9 @@ void PickerCombo::wheelEvent(QWheelEvent* event) { event->ignore(); }
 void PickerCombo::focusOutEvent(QFocusEvent* event)
 {
     QComboBox::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+    const bool isBorrowed = view()->isVisible() || event->reason() == Qt::PopupFocusReason ||
+                            event->reason() == Qt::ActiveWindowFocusReason;
+    if (!isBorrowed)
         Q_EMIT FocusLost();
 }
 

@@ -7,18 +7,26 @@
 namespace quillmarker
 {
 
-void MakeQuick(QListView& list)
+EntryList::EntryList(QWidget* parent) : QListView(parent)
 {
-    list.setUniformItemSizes(true);
-    list.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list.setSelectionMode(QAbstractItemView::SingleSelection);
-    list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list.setTextElideMode(Qt::ElideRight);
+    setUniformItemSizes(true);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideRight);
 }
 
-PickerList::PickerList(QWidget* parent) : QListView(parent)
+/// Qt makes the first row the current one where none is; then Enter would apply what nobody chose.
+void EntryList::focusInEvent(QFocusEvent* event)
 {
-    MakeQuick(*this);
+    const bool isNoneCurrent = !currentIndex().isValid();
+    QListView::focusInEvent(event);
+    if (isNoneCurrent)
+        setCurrentIndex({});
+}
+
+PickerList::PickerList(QWidget* parent) : EntryList(parent)
+{
     setFrameShape(QFrame::NoFrame);
     setMouseTracking(true);  // the row under the pointer is marked
     setModel(&m_entries);
@@ -61,7 +69,7 @@ void PickerList::keyPressEvent(QKeyEvent* event)
         Q_EMIT LeaveRequested();
         break;
     case PickerStep::Browse:
-        QListView::keyPressEvent(event);
+        EntryList::keyPressEvent(event);
         break;
     }
 }
@@ -70,28 +78,19 @@ void PickerList::mousePressEvent(QMouseEvent* event)
 {
     m_tag.Clear();
     ShowTag();
-    QListView::mousePressEvent(event);
-}
-
-/// Qt makes the first row the current one where none is; then Enter would apply what nobody chose.
-void PickerList::focusInEvent(QFocusEvent* event)
-{
-    const bool isNoneCurrent = !currentIndex().isValid();
-    QListView::focusInEvent(event);
-    if (isNoneCurrent)
-        setCurrentIndex({});
+    EntryList::mousePressEvent(event);
 }
 
 void PickerList::focusOutEvent(QFocusEvent* event)
 {
-    QListView::focusOutEvent(event);
+    EntryList::focusOutEvent(event);
     Q_EMIT FocusLost(event->reason());
 }
 
 /// Before it is shown a list does not know how much of it there is to be seen.
 void PickerList::showEvent(QShowEvent* event)
 {
-    QListView::showEvent(event);
+    EntryList::showEvent(event);
     if (currentIndex().isValid())
         scrollTo(currentIndex(), PositionAtCenter);
 }

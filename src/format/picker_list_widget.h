@@ -8,9 +8,22 @@
 namespace quillmarker
 {
 
+/// A list of entries that are all one line high: thousands of them open at once. None is the current one until somebody
+/// makes it so.
+class EntryList : public QListView
+{
+    Q_OBJECT
+
+public:
+    explicit EntryList(QWidget* parent);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+};
+
 /// The list of a popup. Keys move through it and apply nothing but Enter; a click applies. Its dynamic property "Tag" is
 /// "Key" while the user moves through it with the keyboard.
-class PickerList : public QListView
+class PickerList : public EntryList
 {
     Q_OBJECT
 
@@ -33,7 +46,6 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
@@ -44,8 +56,5 @@ private:
     PickerItems m_entries;
     PickerTag m_tag;
 };
-
-/// Sets up a list of entries that are all one line high: thousands of them open at once.
-void MakeQuick(QListView& list);
 
 }  // namespace quillmarker

@@ -161,6 +161,17 @@ TEST_F(TheFontNameCombo, OpensItsListOnKeysThatMoveAndGoesOnInThere)
     EXPECT_TRUE(Clicked().isEmpty());
 }
 
+TEST_F(TheFontNameCombo, OpensItsListOnNoneWhenItIsBlank)
+{
+    Picker().setFocus();
+    Window().Press(Qt::Key_F4);
+    EXPECT_EQ(RowInList(), -1);
+    PressInList(Qt::Key_Return);
+    EXPECT_TRUE(Clicked().isEmpty());
+    PressInList(Qt::Key_Down);
+    EXPECT_EQ(RowInList(), 0);
+}
+
 TEST_F(TheFontNameCombo, OpensItsListOnKeysThatOnlyOpen)
 {
     struct Chord

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QLineEdit>
 #include <QTest>
 #include <QWheelEvent>
@@ -70,9 +71,11 @@ private:
 inline void TurnWheel(PickerWindow& window, const QWidget& over)
 {
     const QPoint at = over.mapTo(&window, over.rect().center());
-    QWheelEvent turn(at, window.mapToGlobal(at), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                     false);
-    QCoreApplication::sendEvent(window.windowHandle(), &turn);
+    QWheelEvent turn(window.childAt(at)->mapFrom(&window, at), window.mapToGlobal(at), {}, QPoint(0, -120),
+                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    // Only a turn that comes from the user goes on to whoever is around.
+    QSpontaneKeyEvent::setSpontaneous(&turn);
+    QCoreApplication::instance()->notify(window.childAt(at), &turn);
 }
 
 /// A palette of light text on a dark ground.
