@@ -38,6 +38,8 @@ FormatToolbar::FormatToolbar(QWidget* parent)
     m_more->setAutoRaise(true);
     m_more->setArrowType(Qt::DownArrow);
     m_more->setPopupMode(QToolButton::InstantPopup);
+    // The arrow is enough; styles would add a second one for the menu.
+    m_more->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
     m_more->setFocusPolicy(Qt::TabFocus);
     m_more->setMenu(m_moreMenu);
     m_more->setToolTip(tr("More buttons"));
