@@ -81,7 +81,11 @@ void MainWindow::ShowHelp(int context)
     if (!owner)
         owner = this;
     if (m_help && m_help->parentWidget() != owner)
-        delete m_help;
+    {
+        const HelpWindow* elsewhere = m_help;
+        m_help.clear();
+        delete elsewhere;
+    }
     if (!m_help)
         m_help = new HelpWindow(owner);
     m_help->ShowTopic(context);

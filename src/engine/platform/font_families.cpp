@@ -87,14 +87,14 @@ QStringList OfferedFamilies(QFontDatabase::WritingSystem system, FontKind kind)
 QString ShownFamily(const QString& name)
 {
     const QStringList installed = InstalledFamilies();
-    if (const QString own = Installed(installed, name); !own.isEmpty())
+    if (QString own = Installed(installed, name); !own.isEmpty())
         return own;
     for (const TwinFont& font : kTwinFonts)
     {
         if (ToQString(font.name).compare(name, Qt::CaseInsensitive) != 0)
             continue;
         for (const std::u16string_view twin : font.twins)
-            if (const QString shown = Installed(installed, ToQString(twin)); !shown.isEmpty())
+            if (QString shown = Installed(installed, ToQString(twin)); !shown.isEmpty())
                 return shown;
     }
     return {};
