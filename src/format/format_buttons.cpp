@@ -45,10 +45,11 @@ bool HasButton(int alignment)
 
 void SetToggleButtonState(FormatBar& bar, TriState value, std::string_view key)
 {
-    if (value != kFalse && value != kTrue)
+    const int number = value.value_or(1);
+    if (number != kFalse && number != kTrue)
         return bar.SetMixedState(key, true);
     bar.SetMixedState(key, false);
-    bar.SetValue(key, *value == kTrue ? 1 : 0);
+    bar.SetValue(key, number == kTrue ? 1 : 0);
 }
 
 template <class Step>
