@@ -68,10 +68,12 @@ void EditorState::PropertyChanged(std::u16string_view key)
 /// What a user may not write he may not format either.
 bool EditorState::MayFormat() const
 {
-    if (!editor || !engine)
-        return false;
-    const TextBox& box = engine->Box();
-    return !box.Locked() && (box.SelLength() == 0 || box.SelProtected() == false);
+    bool may = false;
+    Attempt([&] {
+        const TextBox* box = editor && engine ? &engine->Box() : nullptr;
+        may = box && !box->Locked() && (box->SelLength() == 0 || box->SelProtected() == false);
+    });
+    return may;
 }
 
 void EditorState::Toggle(KeyPolicy policy)

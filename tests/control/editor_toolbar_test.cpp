@@ -1,48 +1,18 @@
-#include "control/editor_sample.h"
-#include "format/colour_frame_widget.h"
-#include "format/colour_palette.h"
-#include "format/font_name_combo_widget.h"
-#include "format/font_size_combo_widget.h"
-#include "format/format_toolbar_widget.h"
-#include "format/list_frame_widget.h"
-#include "format/picker_list_widget.h"
-#include "format/tool_button_widget.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "control/editor_formatting_sample.h"
 
 #include <QAccessible>
-#include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
+
+#include <set>
 
 namespace quillmarker
 {
 namespace
 {
 
-constexpr int kWide = 1'000;
-
-/// A control with the focus in its text, wide enough for all buttons, and a user in front of it.
-class EditorToolbar : public testing::Test
+class EditorToolbar : public EditorFormatting
 {
-protected:
-    void SetUp() override { ShowForTyping(m_editor, {kWide, 600}); }
-
-    TextBox& Box() { return EngineOf(m_editor).Box(); }
-    template <class Widget>
-    Widget& Child(const char* name)
-    {
-        return *m_editor.findChild<Widget*>(QLatin1String(name));
-    }
-    ToolButton& Button(std::string_view key) { return *Child<FormatToolbar>("iToolbar").Button(key); }
-    void Click(std::string_view key) { QTest::mouseClick(&Button(key), Qt::LeftButton); }
-    void Type(const char* text) { QTest::keyClicks(EngineOf(m_editor).viewport(), QLatin1String(text)); }
-    bool TextHasFocus() { return EngineOf(m_editor).hasFocus(); }
-    bool IsOpen(const char* panel) { return Child<QWidget>(panel).isVisible(); }
-
-    ScriptedServices m_scripted;
-    RichTextEditor m_editor{m_scripted.Services()};
 };
 
 /// A click on each button of the real toolbar, on real text.
@@ -246,123 +216,6 @@ TEST_F(EditorToolbar, AHandlerMayDeleteTheControl)
     }
 }
 
-TEST_F(EditorToolbar, TheCombosStandOverTheirPlaceholdersAndShowTheFont)
-{
-    auto& names = Child<QComboBox>("cfName");
-    auto& sizes = Child<QComboBox>("cfSize");
-    EXPECT_EQ(names.width(), 153);
-    EXPECT_EQ(sizes.width(), 49);
-    EXPECT_EQ(sizes.x(), names.x() + names.width());
-    EXPECT_EQ(names.accessibleName(), QStringLiteral("Font Dropdown"));
-    Put(m_editor, "^ab|c");
-    Box().SetSelFontSize(10.5F);
-    m_editor.Refresh();
-    EngineOf(m_editor).SelectFromTo(0, 1);
-    EXPECT_EQ(names.currentText(), QStringLiteral("Arial"));
-    EXPECT_EQ(sizes.currentText(), QStringLiteral("10.5"));
-    EngineOf(m_editor).SelectFromTo(0, 3);
-    EXPECT_EQ(sizes.currentText(), QString());
-    EXPECT_EQ(Box().SelFontSize(), std::nullopt);
-}
-
-TEST_F(EditorToolbar, ASizeTypedInTheComboIsAppliedByEnter)
-{
-    Put(m_editor, "pay ^tot|al");
-    auto& sizes = Child<FontSizeCombo>("cfSize");
-    QTest::mouseClick(sizes.lineEdit(), Qt::LeftButton);
-    EXPECT_EQ(sizes.lineEdit()->selectedText(), sizes.currentText());
-    QTest::keyClicks(&sizes, QStringLiteral("36"));
-    EXPECT_EQ(Box().SelFontSize(), 10);
-    QTest::keyClick(&sizes, Qt::Key_Return);
-    EXPECT_EQ(Box().SelFontSize(), 36);
-    EXPECT_TRUE(TextHasFocus());
-    EXPECT_EQ(Shown(m_editor), "pay ^tot|al");
-    sizes.setFocus();
-    QTest::keyClicks(&sizes, QStringLiteral("abc"));
-    QTest::keyClick(&sizes, Qt::Key_Return);
-    EXPECT_EQ(Box().SelFontSize(), 36);
-    EXPECT_EQ(sizes.currentText(), QStringLiteral("36"));
-}
-
-TEST_F(EditorToolbar, TheFontListBrowsesAndEnterApplies)
-{
-    Put(m_editor, "pay ^tot|al");
-    Click("font");
-    ASSERT_TRUE(IsOpen("FontFrame"));
-    auto& list = Child<PickerList>("fName");
-    EXPECT_TRUE(list.hasFocus());
-    EXPECT_EQ(list.currentIndex().data().toString(), QStringLiteral("Arial"));
-    const QPoint place = Child<QWidget>("FontFrame").pos();
-    const QPoint button = Button("font").mapTo(&m_editor, QPoint());
-    EXPECT_EQ(place, button + QPoint(12, 25));
-    QTest::keyClick(&list, Qt::Key_End);
-    EXPECT_EQ(list.property("Tag").toString(), QStringLiteral("Key"));
-    EXPECT_EQ(Box().SelFontName(), u"Arial");
-    const QString last = list.currentIndex().data().toString();
-    QTest::keyClick(&list, Qt::Key_Escape);
-    EXPECT_FALSE(IsOpen("FontFrame"));
-    EXPECT_TRUE(TextHasFocus());
-    EXPECT_EQ(Box().SelFontName(), u"Arial");
-
-    Click("font");
-    QTest::keyClick(&list, Qt::Key_End);
-    QTest::keyClick(&list, Qt::Key_Return);
-    EXPECT_EQ(Box().SelFontName(), last.toStdU16String());
-    EXPECT_FALSE(IsOpen("FontFrame"));
-    EXPECT_TRUE(TextHasFocus());
-    EXPECT_EQ(Child<QComboBox>("cfName").currentText(), last);
-    EXPECT_EQ(Shown(m_editor), "pay ^tot|al");
-}
-
-TEST_F(EditorToolbar, TheSizeListAppliesWhatIsClicked)
-{
-    Put(m_editor, "pay |total");
-    Click("size");
-    ASSERT_TRUE(IsOpen("SizeFrame"));
-    auto& list = Child<PickerList>("fSize");
-    const QModelIndex twenty =
-        list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, QStringLiteral("20")).at(0);
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(twenty).center());
-    EXPECT_FALSE(IsOpen("SizeFrame"));
-    EXPECT_TRUE(TextHasFocus());
-    EXPECT_EQ(Shown(m_editor), "pay |total");
-    EXPECT_FALSE(Box().CanUndo());
-    Type("x");
-    EXPECT_EQ(Box().SelFontSize(), 20);
-}
-
-TEST_F(EditorToolbar, ASwatchColoursAndAGapDoesNot)
-{
-    Put(m_editor, "pay ^tot|al");
-    Click("colour");
-    ASSERT_TRUE(IsOpen("ColFrame"));
-    auto& palette = Child<ColFrame>("ColFrame");
-    const auto pixels = [](QPoint twips) { return twips / 15; };
-    const QRect first = SwatchRectangle(0);
-    QTest::mouseClick(&palette, Qt::LeftButton, {}, pixels({first.right() + 25, first.center().y()}));
-    EXPECT_TRUE(IsOpen("ColFrame"));
-    EXPECT_FALSE(m_editor.Changed());
-    QTest::mouseClick(&palette, Qt::LeftButton, {}, pixels(first.center()));
-    EXPECT_EQ(Box().SelColor(), Colour::Of(254, 254, 254));
-    EXPECT_FALSE(IsOpen("ColFrame"));
-    EXPECT_TRUE(TextHasFocus());
-}
-
-TEST_F(EditorToolbar, AClickElsewhereClosesThePanel)
-{
-    Put(m_editor, "pay ^tot|al");
-    for (const auto& [key, panel] : {std::pair{"font", "FontFrame"}, {"size", "SizeFrame"}, {"colour", "ColFrame"}})
-    {
-        Click(key);
-        ASSERT_TRUE(IsOpen(panel));
-        QTest::mouseClick(EngineOf(m_editor).viewport(), Qt::LeftButton, {}, {5, 300});
-        EXPECT_FALSE(IsOpen(panel)) << key;
-        Click(key);
-        Click("spell");
-        EXPECT_FALSE(IsOpen(panel)) << key;
-    }
-}
-
 TEST_F(EditorToolbar, KeysReachEveryButtonAndLeadBackToTheText)
 {
     Put(m_editor, "to|tal");
@@ -416,84 +269,6 @@ TEST_F(EditorToolbar, InANarrowWindowTheRestIsInAMenu)
     QApplication::processEvents();
     EXPECT_FALSE(more.isVisible());
     EXPECT_TRUE(Button("bold").isVisible());
-}
-
-TEST_F(EditorToolbar, TheChooserAppliesWhatWasChosenAsOneStep)
-{
-    Put(m_editor, "pay ^tot|al");
-    m_scripted.fontDialog->choose = [](FontDialogRequest& request) {
-        SetLogFontFaceName(request.logFont, QStringLiteral("Courier New"));
-        request.faceName = QStringLiteral("Courier New");
-        SetLogFontNumber(request.logFont, LogFontField::Weight, 400);
-        SetLogFontNumber(request.logFont, LogFontField::Italic, 1);
-        SetLogFontNumber(request.logFont, LogFontField::CharSet, 161);
-        request.pointSizeTenths = 105;
-        request.rgbColors = 0x0000FF;
-    };
-    m_editor.ShowFontDialog();
-    EXPECT_EQ(LogFontNumber(m_scripted.fontDialog->shown.at(0).logFont, LogFontField::Height), 0);
-    // Regular type, too, comes out bold.
-    EXPECT_EQ(Shown(m_editor), "pay ^<b><i>tot</i></b>|al");
-    EXPECT_EQ(Box().SelFontName(), u"Courier New");
-    EXPECT_EQ(Box().SelFontSize(), 10);
-    EXPECT_EQ(Box().SelColor(), Colour::Of(255, 0, 0));
-    EXPECT_EQ(Box().Font().charset, 0);
-    ASSERT_EQ(m_scripted.messageBoxes->shown.size(), 1U);
-    const Message& message = m_scripted.messageBoxes->shown[0];
-    EXPECT_EQ(message.text,
-              QStringLiteral("The font character set has been re-set to be your system's default: Western."));
-    EXPECT_EQ(message.title, QStringLiteral("Font"));
-    EXPECT_EQ(message.helpContext, 12'897);
-    EXPECT_EQ(Button("italic").Value(), 1);
-    EXPECT_TRUE(TextHasFocus());
-    Box().Undo();
-    EXPECT_EQ(Shown(m_editor), "pay ^tot|al");
-    EXPECT_FALSE(Box().CanUndo());
-}
-
-TEST_F(EditorToolbar, ASymbolFontKeepsItsCharacterSet)
-{
-    Put(m_editor, "pay ^tot|al");
-    m_scripted.fontDialog->choose = [](FontDialogRequest& request) {
-        SetLogFontNumber(request.logFont, LogFontField::CharSet, 2);
-    };
-    m_editor.ShowFontDialog();
-    EXPECT_TRUE(m_scripted.messageBoxes->shown.empty());
-    EXPECT_EQ(Box().Font().charset, 2);
-}
-
-TEST_F(EditorToolbar, ACancelledChooserLeavesTheTextAndStillTellsOfTheCharacterSet)
-{
-    Put(m_editor, "pay ^tot|al");
-    BoxFont greek = Box().Font();
-    greek.charset = 161;
-    Box().SetFont(greek);
-    m_editor.ShowFontDialog();
-    EXPECT_EQ(Shown(m_editor), "pay ^tot|al");
-    EXPECT_FALSE(m_editor.Changed());
-    EXPECT_EQ(m_scripted.messageBoxes->shown.size(), 1U);
-    EXPECT_TRUE(TextHasFocus());
-}
-
-TEST_F(EditorToolbar, TheChooserLeavesAnUntouchedAutomaticColourAlone)
-{
-    Put(m_editor, "pay ^tot|al");
-    ASSERT_TRUE(Box().SelColor()->IsAutomatic());
-    m_scripted.fontDialog->choose = [](FontDialogRequest& request) { request.pointSizeTenths = 200; };
-    m_editor.ShowFontDialog();
-    EXPECT_TRUE(Box().SelColor()->IsAutomatic());
-    EXPECT_EQ(Box().SelFontSize(), 20);
-}
-
-TEST_F(EditorToolbar, SetFontChangesTheSelection)
-{
-    Put(m_editor, "pay ^tot|al");
-    m_editor.SetFont(QStringLiteral("Times New Roman"), 14);
-    EXPECT_EQ(Box().SelFontName(), u"Times New Roman");
-    EXPECT_EQ(Box().SelFontSize(), 14);
-    EXPECT_EQ(Child<QComboBox>("cfName").currentText(), QStringLiteral("Times New Roman"));
-    EXPECT_EQ(Child<QComboBox>("cfSize").currentText(), QStringLiteral("14"));
-    EXPECT_EQ(Shown(m_editor), "pay ^tot|al");
 }
 
 }  // namespace
